@@ -1,0 +1,55 @@
+// Codes of every message that the library knows by name. The first byte tells the kind: 0xe1 error, 0xa1 warning,
+// 0x61 notice. The texts of the library's own codes (0x..38....) stand in one table in messages.cpp; those of the
+// other groups belong to the application.
+#pragma once
+
+#include "platform/export.h"
+
+#include <span>
+
+namespace ostrand {
+
+// The library's own.
+inline constexpr unsigned kApplyToAllSessions = 0xe1380001;
+inline constexpr unsigned kSessionsReadOnly = 0xa1380002;
+inline constexpr unsigned kScriptingDisabled = 0xa1380003;
+inline constexpr unsigned kLaunchFailed = 0xe1380004;
+inline constexpr unsigned kColumnsOutOfRange = 0xe1380005;
+inline constexpr unsigned kAutoSessionMissing = 0xe1380006;
+inline constexpr unsigned kNameInUse = 0xe1380007;
+inline constexpr unsigned kSessionLocked = 0x61380008;
+inline constexpr unsigned kDoNotDisplayAgain = 0x61380009;
+inline constexpr unsigned kCommandLineFolderInvalid = 0xe138000a;
+inline constexpr unsigned kNameMissing = 0xe138000b;
+inline constexpr unsigned kNameIllegalCharacter = 0xe138000c;
+inline constexpr unsigned kNameReserved = 0xe138000d;
+inline constexpr unsigned kNameExists = 0xe138000e;
+inline constexpr unsigned kComponentNotInstalled = 0xe138000f;
+inline constexpr unsigned kAntiIdleStringEmpty = 0xe1380010;
+inline constexpr unsigned kKeymapFileNameEmpty = 0xe1380011;
+inline constexpr unsigned kKeymapFileNotFound = 0xe1380012;
+inline constexpr unsigned kMidnightLogNeedsDay = 0xe1380013;
+
+// Texts that the application's table brings.
+inline constexpr unsigned kParserHasNoOpinion = 0xe1040040;
+inline constexpr unsigned kStringIndexOutOfRange = 0xe104004a;
+inline constexpr unsigned kNoVariantConversion = 0xe104006a;
+inline constexpr unsigned kVariantNotConvertible = 0xe104006b;
+inline constexpr unsigned kOctalInvalidDigit = 0xe104006c;
+inline constexpr unsigned kOctalAboveMaximum = 0xe104006d;
+inline constexpr unsigned kOctalOverflow = 0xe104006e;
+
+/// One row of the library's own table.
+struct VMessageText {
+    unsigned code;
+    const char16_t* text;
+};
+
+/// All rows, by code.
+OSTRAND_API std::span<const VMessageText> MessageTable();
+/// Texts of a layer above, found behind the library's own. One such table; its rows live as long as the process.
+void SetFurtherMessages(std::span<const VMessageText> rows);
+/// The text of one of the library's own codes; null for any other.
+OSTRAND_API const char16_t* FindMessageText(unsigned code);
+
+} // namespace ostrand

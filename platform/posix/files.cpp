@@ -1,0 +1,223 @@
+#include "platform/error_codes.h"
+#include "platform/posix/posix_file.h"
+#include "platform/posix/posix_services.h"
+
+#include <climits>
+#include <cstdio>
+#include <memory>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ostrand::posix {
+
+namespace {
+
+// Nothing may hang on a pipe or become the terminal of the process, and no child inherits a file.
+constexpr int kAlways = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+
+// As many links in a row as the system itself follows.
+constexpr int kMostLinks = 40;
+
+int AccessFlags(VFileAccess access)
+{
+    switch (access) {
+    case VFileAccess::Read:
+        return O_RDONLY;
+    case VFileAccess::Write:
+        return O_WRONLY;
+    case VFileAccess::ReadWrite:
+        break;
+    }
+    return O_RDWR;
+}
+
+int OpenRaw(const std::string& path, int flags, unsigned mode)
+{
+    return Retry([&] { return open(path.c_str(), flags | kAlways, static_cast<mode_t>(mode)); });
+}
+
+/// Opens or creates, and knows which it was, though others create and remove the file meanwhile.
+int OpenOrCreate(const std::string& path, int flags, unsigned mode, bool& existed)
+{
+    constexpr int kTries = 8;
+    for (int i = 0; i < kTries; ++i) {
+        int file = OpenRaw(path, flags | O_CREAT | O_EXCL, mode);
+        existed = file == -1 && errno == EEXIST;
+        if (!existed)
+            return file;
+        file = OpenRaw(path, flags, mode);
+        if (file != -1 || errno != ENOENT)
+            return file;
+    }
+    // A link to nothing, which exclusive creation never follows.
+    existed = false;
+    return OpenRaw(path, flags | O_CREAT, mode);
+}
+
+int OpenFor(const std::string& path, VFileAccess access, VFileDisposition disposition, unsigned mode, bool& existed)
+{
+    const int flags = AccessFlags(access);
+    switch (disposition) {
+    case VFileDisposition::OpenExisting:
+        break;
+    case VFileDisposition::TruncateExisting:
+        return OpenRaw(path, flags | O_TRUNC, mode);
+    case VFileDisposition::CreateAlways:
+        return OpenRaw(path, flags | O_CREAT | O_TRUNC, mode);
+    case VFileDisposition::OpenAlways:
+        return OpenOrCreate(path, flags, mode, existed);
+    case VFileDisposition::CreateNew: {
+        const int file = OpenRaw(path, flags | O_CREAT | O_EXCL, mode);
+        // A new file that is to replace another has its very mode, whatever the process's mask. Media without modes
+        // refuse, and lose nothing.
+        if (file != -1)
+            fchmod(file, static_cast<mode_t>(mode));
+        return file;
+    }
+    }
+    return OpenRaw(path, flags, mode);
+}
+
+/// Reads what fits into `data`, which has the size that the file had. A file that shrank meanwhile gives what it has.
+unsigned ReadAll(int file, std::string& data)
+{
+    size_t done = 0;
+    while (done < data.size()) {
+        const ssize_t got = Retry([&] { return read(file, data.data() + done, data.size() - done); });
+        if (got == -1)
+            return CodeOf(errno);
+        if (got == 0)
+            break;
+        done += static_cast<size_t>(got);
+    }
+    data.resize(done);
+    return kErrorSuccess;
+}
+
+bool IsFolder(int folder, const dirent& entry)
+{
+    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK)
+        return entry.d_type == DT_DIR;
+    struct stat info{};
+    return fstatat(folder, entry.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
+}
+
+class PosixFiles final : public IFiles {
+public:
+    unsigned Open(const std::string& path, VFileAccess access, VFileDisposition disposition, unsigned mode,
+                  std::unique_ptr<IFile>& file, bool* existed) override
+    {
+        bool wasThere =
+            disposition == VFileDisposition::OpenExisting || disposition == VFileDisposition::TruncateExisting;
+        const int descriptor = OpenFor(path, access, disposition, mode, wasThere);
+        if (descriptor == -1)
+            return CodeOf(errno);
+        file = MakeFile(descriptor);
+        if (existed)
+            *existed = wasThere;
+        return kErrorSuccess;
+    }
+
+    unsigned ReadWhole(const std::string& path, size_t limit, std::string& data, VFileInfo& info) override
+    {
+        const int file = OpenRaw(path, O_RDONLY, 0);
+        if (file == -1) // a socket can't even be opened
+            return errno == ENXIO ? kErrorInvalidParameter : CodeOf(errno);
+        struct stat raw{};
+        unsigned code = Outcome(fstat(file, &raw));
+        if (code == kErrorSuccess && !S_ISREG(raw.st_mode))
+            code = kErrorInvalidParameter;
+        else if (code == kErrorSuccess && static_cast<uint64_t>(raw.st_size) > limit)
+            code = kErrorMoreData;
+        if (code == kErrorSuccess) {
+            // Not emptied before: resizing then would zero bytes that are overwritten at once.
+            data.resize(static_cast<size_t>(raw.st_size));
+            code = ReadAll(file, data);
+            // As of before the read, so a change in its midst shows at the next look.
+            info = InfoOf(raw);
+        }
+        close(file);
+        return code;
+    }
+
+    unsigned GetInfo(const std::string& path, VFileInfo& info) override
+    {
+        struct stat raw{};
+        if (stat(path.c_str(), &raw) == -1)
+            return CodeOf(errno);
+        info = InfoOf(raw);
+        return kErrorSuccess;
+    }
+
+    unsigned Rename(const std::string& from, const std::string& to) override
+    {
+        return Outcome(rename(from.c_str(), to.c_str()));
+    }
+    unsigned Remove(const std::string& path) override { return Outcome(unlink(path.c_str())); }
+    unsigned CreateFolder(const std::string& path, unsigned mode) override
+    {
+        return Outcome(mkdir(path.c_str(), static_cast<mode_t>(mode)));
+    }
+    unsigned RemoveFolder(const std::string& path) override { return Outcome(rmdir(path.c_str())); }
+
+    unsigned SyncFolder(const std::string& path) override
+    {
+        const int folder = OpenRaw(path, O_RDONLY | O_DIRECTORY, 0);
+        if (folder == -1)
+            return CodeOf(errno);
+        unsigned code = Outcome(Retry([folder] { return fsync(folder); }));
+        // Some network file systems have nothing to sync for a folder and say so.
+        if (code != kErrorSuccess && errno == EINVAL)
+            code = kErrorSuccess;
+        close(folder);
+        return code;
+    }
+
+    unsigned ListFolder(const std::string& path, std::vector<VFolderEntry>& entries) override
+    {
+        entries.clear();
+        const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(path.c_str()), &closedir);
+        if (!folder)
+            return CodeOf(errno);
+        for (;;) {
+            errno = 0;
+            const dirent* const entry = readdir(folder.get());
+            if (!entry)
+                return CodeOf(errno);
+            const std::string_view name = entry->d_name;
+            if (name != "." && name != "..")
+                entries.push_back({std::string(name), IsFolder(dirfd(folder.get()), *entry)});
+        }
+    }
+
+    bool CanWrite(const std::string& path) override { return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0; }
+
+    std::string ResolveLinks(const std::string& path) override
+    {
+        std::string at = path;
+        for (int i = 0; i < kMostLinks; ++i) {
+            char target[PATH_MAX];
+            const ssize_t length = readlink(at.c_str(), target, sizeof target);
+            if (length <= 0)
+                return at;
+            const std::string_view to(target, static_cast<size_t>(length));
+            if (to.starts_with('/'))
+                at.clear();
+            else
+                at.resize(at.find_last_of('/') + 1);
+            at += to;
+        }
+        return path; // links in a circle
+    }
+};
+
+constinit Forever<PosixFiles> g_files;
+
+} // namespace
+
+IFiles& Files() { return g_files.object; }
+
+} // namespace ostrand::posix

@@ -1,0 +1,41 @@
+#include "profile/key.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace ostrand {
+
+namespace {
+
+VProfileStoreFactoryGetter g_getter = nullptr;
+
+VProfileStoreFactory* InstalledFactory()
+{
+    VProfileStoreFactory* const factory = g_getter ? g_getter() : nullptr;
+    if (!factory) {
+        std::fputs("OstrandUI: a store was opened before OstrandUiInitProfileFactory gave a factory\n", stderr);
+        std::abort();
+    }
+    return factory;
+}
+
+} // namespace
+
+void SetProfileStoreFactoryGetter(VProfileStoreFactoryGetter getter)
+{
+    g_getter = getter;
+}
+
+VProfileStore::VProfileStore(bool readOnly, VProfileStoreFactory* factory)
+    : m_private((factory ? factory : InstalledFactory())->CreateStore()), m_readOnly(readOnly)
+{
+    m_root = std::make_unique<VProfileKey>(*this);
+}
+
+VProfileStore::~VProfileStore()
+{
+    // The store goes before its root key: handles outlive their store.
+    m_private.reset();
+}
+
+} // namespace ostrand

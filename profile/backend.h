@@ -67,7 +67,8 @@ public:
     /// Over the values or the subkeys, in the back end's order. Owned by the caller.
     virtual VProfilePrivateKeyIterator* CreateIterator(bool values) = 0;
     /// Brings what was written through handles of this key to the store's medium. True where there is nothing to do;
-    /// on failure the report says why, and the writes are kept for another try.
+    /// on failure the report says why, and the writes are kept for another try. False, once, also after a write that
+    /// was refused through this handle: so a caller that writes many values asks one question.
     virtual bool Flush(IReportMessageParams& report) = 0;
 };
 

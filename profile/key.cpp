@@ -21,13 +21,11 @@ VProfileStoreFactory* InstalledFactory()
 
 } // namespace
 
-void SetProfileStoreFactoryGetter(VProfileStoreFactoryGetter getter)
-{
-    g_getter = getter;
-}
+void SetProfileStoreFactoryGetter(VProfileStoreFactoryGetter getter) { g_getter = getter; }
 
 VProfileStore::VProfileStore(bool readOnly, VProfileStoreFactory* factory)
-    : m_private((factory ? factory : InstalledFactory())->CreateStore()), m_readOnly(readOnly)
+    : m_private((factory ? factory : InstalledFactory())->CreateStore()),
+      m_readOnly(readOnly)
 {
     m_root = std::make_unique<VProfileKey>(*this);
 }

@@ -40,19 +40,33 @@ private:
 class OSTRAND_API VProfileKey {
 public:
     explicit VProfileKey(VProfileStore& store) : m_private(store.m_private->OpenRootKey(store.m_readOnly)) {}
-    VProfileKey(const VProfileKey* parent, const char16_t* name) : m_private(parent->m_private->OpenKey(name, nullptr)) {}
+    VProfileKey(const VProfileKey* parent, const char16_t* name) : m_private(parent->m_private->OpenKey(name, nullptr))
+    {
+    }
     virtual ~VProfileKey() = default;
     VProfileKey(const VProfileKey&) = delete;
     VProfileKey& operator=(const VProfileKey&) = delete;
 
-    bool ReadSecurity(const char16_t* name, VSecurityDescriptor& out) const { return m_private->ReadSecurity(name, out); }
+    bool ReadSecurity(const char16_t* name, VSecurityDescriptor& out) const
+    {
+        return m_private->ReadSecurity(name, out);
+    }
     bool ReadMultiSz(const char16_t* name, VStringArray& out) const { return m_private->ReadMultiSz(name, out); }
-    bool ReadBinary(const char16_t* name, void* data, unsigned* size) const { return m_private->ReadBinary(name, data, size); }
+    bool ReadBinary(const char16_t* name, void* data, unsigned* size) const
+    {
+        return m_private->ReadBinary(name, data, size);
+    }
     bool ReadString(const char16_t* name, VUnicodeString& out) const { return m_private->ReadString(name, out); }
     bool ReadDword(const char16_t* name, unsigned* out) const { return m_private->ReadDword(name, out); }
-    bool WriteSecurity(const char16_t* name, VSecurityDescriptor& value) { return m_private->WriteSecurity(name, value); }
+    bool WriteSecurity(const char16_t* name, VSecurityDescriptor& value)
+    {
+        return m_private->WriteSecurity(name, value);
+    }
     bool WriteMultiSz(const char16_t* name, const VStringArray& value) { return m_private->WriteMultiSz(name, value); }
-    bool WriteBinary(const char16_t* name, const void* data, unsigned size) { return m_private->WriteBinary(name, data, size); }
+    bool WriteBinary(const char16_t* name, const void* data, unsigned size)
+    {
+        return m_private->WriteBinary(name, data, size);
+    }
     bool WriteString(const char16_t* name, const char16_t* value) { return m_private->WriteString(name, value); }
     bool WriteDword(const char16_t* name, unsigned value) { return m_private->WriteDword(name, value); }
     bool DeleteValue(const char16_t* name) { return m_private->DeleteValue(name); }
@@ -62,7 +76,10 @@ public:
     bool SetKeySecurity(VSecurityDescriptor* value) { return m_private->SetKeySecurity(value); }
     IReportMessageParams& GetStatus() const { return m_private->GetStatus(); }
     /// Owned by the caller.
-    VProfilePrivateKey* OpenKey(const char16_t* name, VSecurityDescriptor* security) const { return m_private->OpenKey(name, security); }
+    VProfilePrivateKey* OpenKey(const char16_t* name, VSecurityDescriptor* security) const
+    {
+        return m_private->OpenKey(name, security);
+    }
     /// Owned by the caller.
     VProfilePrivateKeyIterator* CreateIterator(bool values) const { return m_private->CreateIterator(values); }
     /// The back end's own handle, for interfaces that only some stores offer. Lent.

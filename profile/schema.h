@@ -2,8 +2,8 @@
 // and the tool derive. A row is a constant; its functions are generated from the pointer to member:
 //
 //     constexpr std::array kRows = {
-//         Bool<&C::showToolbar>(u"Show Toolbar", true, u"Whether the toolbar is shown.", InOrvane{u"Show Toolbar OVN"}),
-//         Int<&C::mruCount>(u"MRU Count", 4, u"Entries in the list of recent sessions.", Within{0, 9}),
+//         Bool<&C::showToolbar>(u"Show Toolbar", true, u"Whether the toolbar is shown.", InOrvane{u"Show Toolbar
+//         OVN"}), Int<&C::mruCount>(u"MRU Count", 4, u"Entries in the list of recent sessions.", Within{0, 9}),
 //         Rule<RawModeExcludesPort>(u"Raw mode excludes a direct port."),
 //     };
 //     static_assert(NamesAreUnique(kRows));
@@ -57,7 +57,8 @@ struct VSchemaRow : VSchemaEntry {
 struct InOrvane {
     const char16_t* name;
 };
-/// An old name: read when the new one is missing. Only the current value takes it, so the next save writes the new name.
+/// An old name: read when the new one is missing. Only the current value takes it, so the next save writes the new
+/// name.
 struct Formerly {
     const char16_t* name;
 };
@@ -120,7 +121,8 @@ VProfileData* Member(RecordOf<M>& record)
 
 /// The part of a row that all kinds share.
 template <auto M, class... Options>
-consteval VSchemaRow<RecordOf<M>> Row(VValueClass type, const char16_t* name, const char16_t* meaning, Options... options)
+consteval VSchemaRow<RecordOf<M>> Row(VValueClass type, const char16_t* name, const char16_t* meaning,
+                                      Options... options)
 {
     VSchemaRow<RecordOf<M>> row;
     row.name = name;
@@ -142,7 +144,8 @@ void Correct(RecordOf<M>& record, const VSchemaEntry& row)
 
 /// Loads with a given default, then looks at the old name and the bound.
 template <auto M, class T>
-void LoadNumber(RecordOf<M>& record, const VSchemaEntry& row, const VUnicodeString& name, const VProfileKey* key, T defaultValue)
+void LoadNumber(RecordOf<M>& record, const VSchemaEntry& row, const VUnicodeString& name, const VProfileKey* key,
+                T defaultValue)
 {
     auto& value = record.*M;
     value.SetName(name);
@@ -171,7 +174,8 @@ consteval auto UnsetNumberRow(VValueClass type, const char16_t* name, const char
 }
 
 template <auto M, class T, class... Options>
-consteval auto NumberRow(VValueClass type, const char16_t* name, T defaultValue, const char16_t* meaning, Options... options)
+consteval auto NumberRow(VValueClass type, const char16_t* name, T defaultValue, const char16_t* meaning,
+                         Options... options)
 {
     using C = RecordOf<M>;
     auto row = UnsetNumberRow<M, T>(type, name, meaning, options...);
@@ -185,7 +189,8 @@ consteval auto NumberRow(VValueClass type, const char16_t* name, T defaultValue,
 }
 
 template <auto M, class T, auto F, class... Options>
-consteval auto ComputedRow(VValueClass type, const char16_t* name, By<F> by, const char16_t* meaning, Options... options)
+consteval auto ComputedRow(VValueClass type, const char16_t* name, By<F> by, const char16_t* meaning,
+                           Options... options)
 {
     using C = RecordOf<M>;
     auto row = UnsetNumberRow<M, T>(type, name, meaning, options...);
@@ -215,7 +220,8 @@ consteval auto ObjectRow(VValueClass type, const char16_t* name, const char16_t*
 
 /// A value whose default is a text: a plain one, or a state that is kept as text.
 template <auto M, class Field, class... Options>
-consteval auto TextRow(VValueClass type, const char16_t* name, const char16_t* defaultText, const char16_t* meaning, Options... options)
+consteval auto TextRow(VValueClass type, const char16_t* name, const char16_t* defaultText, const char16_t* meaning,
+                       Options... options)
 {
     static_assert(std::is_same_v<FieldOf<M>, Field>, "the row's class isn't the field's");
     using C = RecordOf<M>;
@@ -275,7 +281,8 @@ consteval auto Font(const char16_t* name, const char16_t* meaning, Options... op
 template <auto M, auto Default, class... Options>
 consteval auto Placement(const char16_t* name, const char16_t* meaning, Options... options)
 {
-    return schema_detail::ObjectRow<M, Default, VProfileWindowPlacement>(VValueClass::Placement, name, meaning, options...);
+    return schema_detail::ObjectRow<M, Default, VProfileWindowPlacement>(VValueClass::Placement, name, meaning,
+                                                                         options...);
 }
 template <auto M, auto Default, class... Options>
 consteval auto Margins(const char16_t* name, const char16_t* meaning, Options... options)
@@ -293,9 +300,11 @@ consteval auto ListView(const char16_t* name, const char16_t* meaning, Options..
     return schema_detail::TextRow<M, VProfileListViewState>(VValueClass::ListView, name, u"", meaning, options...);
 }
 template <auto M, class... Options>
-consteval auto ExplorerFrame(const char16_t* name, const char16_t* defaultText, const char16_t* meaning, Options... options)
+consteval auto ExplorerFrame(const char16_t* name, const char16_t* defaultText, const char16_t* meaning,
+                             Options... options)
 {
-    return schema_detail::TextRow<M, VProfileExplorerFrameState>(VValueClass::ExplorerFrame, name, defaultText, meaning, options...);
+    return schema_detail::TextRow<M, VProfileExplorerFrameState>(VValueClass::ExplorerFrame, name, defaultText, meaning,
+                                                                 options...);
 }
 /// A block without a fixed size; it has no default.
 template <auto M, class... Options>
@@ -319,7 +328,8 @@ consteval auto Rule(const char16_t* meaning)
     VSchemaRow<Record> row;
     row.meaning = meaning;
     row.isInTable = false;
-    row.load = [](Record& record, const VSchemaRow<Record>&, const VUnicodeString&, const typename Record::ReadContext&) { F(record); };
+    row.load = [](Record& record, const VSchemaRow<Record>&, const VUnicodeString&,
+                  const typename Record::ReadContext&) { F(record); };
     row.merge = [](Record& record, const VSchemaRow<Record>&, const VProfileKey*) { F(record); };
     return row;
 }
@@ -394,7 +404,8 @@ consteval size_t CountInTable(const std::array<VSchemaRow<C>, N>& rows)
     return count;
 }
 
-/// A record's rows with what is derived from them once: shared names, the member table, the index by name.
+/// A record's rows with what is derived from them once: shared names, the member table, the index by name. One for the
+/// process, never destroyed: the names belong to all records that were ever read.
 template <class C>
 class VSchema {
 public:

@@ -67,8 +67,8 @@ struct VSchemaEntry {
     VValueClass type = VValueClass::Bool;
     VBound bound;
     bool isMerged = true;
-    bool isInTable = true; ///< false: read and merged, never saved, copied or found by name
-    int64_t number = 0;    ///< constant default of a number
+    bool isInTable = true;          ///< false: read and merged, never saved, copied or found by name
+    int64_t number = 0;             ///< constant default of a number
     const char16_t* text = nullptr; ///< constant default of a text
 
     constexpr bool IsRule() const { return name == nullptr; }
@@ -79,7 +79,9 @@ struct VSchemaEntry {
 class VSchemaView {
 public:
     VSchemaView(const void* first, size_t stride, size_t count)
-        : m_first(static_cast<const unsigned char*>(first)), m_stride(stride), m_count(count)
+        : m_first(static_cast<const unsigned char*>(first)),
+          m_stride(stride),
+          m_count(count)
     {
     }
     size_t GetCount() const { return m_count; }

@@ -97,11 +97,10 @@ bool VProfileMultiSz::ParseInto(VStringArray* out, const VUnicodeString& text, I
 
 bool VProfileMultiSz::GetVariantArray(VVariant* out, const VStringArray& list, IReportMessageParams&)
 {
-    VVariantArray elements;
+    VVariantArray& elements = out->data.emplace<VVariantArray>();
     elements.reserve(list.GetCount());
     for (const VUnicodeString& text : list)
-        elements.push_back(VVariant{text});
-    out->data = std::move(elements);
+        elements.emplace_back().data = text;
     return true;
 }
 

@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Fails on an include that points upwards, on a toolkit's header below the dialogs, and on a system switch outside
+# platform/. Lowest first: platform, core, profile; then config and stores beside each other.
+set -u
+cd "$(dirname "$0")/.."
+found=0
+
+# may FOLDER "FOLDERS": what FOLDER includes by a path from the root comes from one of these.
+may() {
+    local allowed=${2// /|}
+    if grep -rnE '^#include "[^"]+/' "$1" --include='*.h' --include='*.cpp' | grep -vE "#include \"($allowed)/" |
+        grep -vE '^core/entry\.(h|cpp):'; then # entry points call upwards: they are the top of the library
+        echo "^ $1 includes only: $2"
+        found=1
+    fi
+}
+may platform "platform core"
+may core "core platform"
+may profile "profile core platform"
+may config "config profile core platform"
+may stores "stores profile core platform"
+
+lower="core profile config stores platform"
+if grep -rnE '^#include <Q[A-Z]|^#include <(gtk|windows\.h)' $lower --include='*.h' --include='*.cpp'; then
+    echo "^ no toolkit below the dialogs"
+    found=1
+fi
+if grep -rnE '^ *# *(if|ifdef|elif).*(_WIN32|__linux__|__unix__|__APPLE__)' core profile config stores tools --include='*.h' --include='*.cpp'; then
+    echo "^ system switches stand in platform/ alone"
+    found=1
+fi
+exit $found

@@ -1,0 +1,108 @@
+// One key's file in this process: the document that all handles on the key share, the values that wait to be written,
+// and what this process last knew of each value.
+#pragma once
+
+#include "platform/error_codes.h"
+#include "platform/files.h"
+#include "stores/file_document.h"
+#include "stores/file_format.h"
+#include "stores/store_key.h"
+#include "stores/value_bases.h"
+#include "stores/write_queue.h"
+
+#include <string>
+
+namespace ostrand {
+
+/// Lives as long as its tree, whose mutex guards it. The document is there while handles are; what is queued, and the
+/// bases, stay.
+class FileNode {
+public:
+    /// `file` holds the values, `folder` the subkeys; either may be missing on the disk.
+    FileNode(std::string folder, std::string file) : m_folder(std::move(folder)), m_file(std::move(file)) {}
+
+    const std::string& Folder() const { return m_folder; }
+    const std::string& File() const { return m_file; }
+
+    /// Takes the file's bytes as they are now on the disk.
+    void TakeText(std::string text);
+    /// Reads the file; a missing one is an empty one. Due where the node is stale.
+    unsigned Load(IFiles& files);
+    bool IsStale() const { return m_isStale; }
+    void MarkStale() { m_isStale = true; }
+    /// Gives the document's memory back; keeps the bases of what was read. For nodes without handles.
+    void LetGo();
+    /// The key was deleted: nothing is left of it, and nothing of it will be written.
+    void Forget();
+    bool IsDeleted() const { return m_isDeleted; }
+    void Revive() { m_isDeleted = false; }
+    /// Whether nothing would be lost with this object.
+    bool IsIdle() const
+    {
+        return handles == 0 && closings == 0 && m_queue.IsEmpty() && m_bases.IsEmpty() && !syncsFolder;
+    }
+
+    /// Finds the value and hands it to `read`, which answers a ReadOutcome for the text from the value's first byte on.
+    /// `next` is the handle's guess, see FileDocument::Find. The result is a platform code.
+    template <class Reader>
+    unsigned Read(const char16_t* name, size_t& next, Reader read);
+    /// Whether the value is there already; writing it would change nothing.
+    bool Holds(const char16_t* name, const std::string& rendered);
+    /// Queues a value in its rendered form, or null to delete it. A value that isn't there can't be deleted.
+    unsigned Write(const char16_t* name, const std::string* rendered);
+    void ListValues(SnapshotIterator& out) const;
+    /// Line of the value in the file, from 1; 0 for one that doesn't stand there.
+    size_t LineOf(const char16_t* name) const;
+
+    const FileDocument& Document() const { return m_document; }
+    const WriteQueue& Queue() const { return m_queue; }
+    /// Moves what the document's marks tell into the bases, and gives those.
+    ValueBases& SettledBases();
+    /// What was queued stands in the file, whose bytes are these.
+    void TakeSaved(std::string text);
+
+    int handles = 0;
+    /// Times that the node waits in its tree's list of closed ones, and the bytes that it counts with there.
+    int closings = 0;
+    size_t closedBytes = 0;
+    /// A save replaced the file, but its folder could not be synced; the next one does it again.
+    bool syncsFolder = false;
+
+private:
+    static unsigned CodeOf(ReadOutcome outcome)
+    {
+        return outcome == ReadOutcome::Good ? kErrorSuccess : kErrorUnsupportedType;
+    }
+
+    /// What a reader would see: a queued value's text or one in the document. Empty for none.
+    std::string_view Look(const char16_t* name, FileDocument::Found& found) const;
+
+    std::string m_folder;
+    std::string m_file;
+    FileDocument m_document;
+    WriteQueue m_queue;
+    ValueBases m_bases; // an entry's mark in the document goes before these
+    bool m_isStale = true;
+    bool m_isDeleted = false;
+};
+
+template <class Reader>
+unsigned FileNode::Read(const char16_t* name, size_t& next, Reader read)
+{
+    if (!m_queue.IsEmpty())
+        if (const QueuedValue* const queued = m_queue.Find(name))
+            return queued->isDeleted ? kErrorFileNotFound : CodeOf(read(queued->text));
+    FileDocument::Found found = m_document.Find(name, next);
+    while (found) {
+        const ReadOutcome outcome = read(found.value);
+        if (outcome != ReadOutcome::Broken) {
+            m_document.MarkRead(found.entry);
+            return CodeOf(outcome);
+        }
+        found = m_document.FindBefore(found.entry, name);
+    }
+    m_bases.Set(HashName(name), ValueBases::kNoValue);
+    return kErrorFileNotFound;
+}
+
+} // namespace ostrand

@@ -1,0 +1,29 @@
+// How names and values are written in a key's file, and what equality of values means there. The grammar stands in
+// file_format.h.
+#pragma once
+
+#include "core/array.h"
+#include "core/strings.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace ostrand {
+
+/// Bare where the grammar lets it, else in quotes.
+std::string RenderName(std::u16string_view name);
+
+// A value is always rendered the same way: two values are equal when their rendered forms are.
+std::string RenderDword(unsigned value);
+std::string RenderText(std::u16string_view value);
+std::string RenderList(const VStringArray& value);
+std::string RenderBlock(const void* data, size_t size);
+
+/// Whether the value at the front of `from` is the one that `rendered` stands for, however a person spelled it.
+bool SameValue(std::string_view from, std::string_view rendered);
+/// Hash of the value at the front of `from`, which must be whole. The same for all its spellings, and never 0.
+uint64_t HashValue(std::string_view from);
+
+} // namespace ostrand

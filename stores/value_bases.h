@@ -1,0 +1,47 @@
+// What this process last read or wrote of each value of one file: the base that a merge compares with.
+#pragma once
+
+#include "stores/name_index.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace ostrand {
+
+/// How a value stands to its base.
+enum class BaseRelation { NoBase, Same, Different };
+
+/// Hashes of values, by name; no text is kept. Names go in by their HashName. Two names whose hashes share the lower
+/// half share one place, which can only turn `Same` into `Different`: a conflict reported too many, never one too few.
+class ValueBases {
+public:
+    /// Stands for a value that was looked for and isn't there. Any other is a HashValue.
+    static constexpr uint64_t kNoValue = 0;
+
+    void Set(uint64_t name, uint64_t value);
+    /// The same for a name that isn't in yet; costs no search.
+    void Append(uint64_t name, uint64_t value) { m_bases.push_back(Make(name, value)); }
+    BaseRelation Compare(uint64_t name, uint64_t value);
+
+    bool IsEmpty() const { return m_bases.empty(); }
+    void Reserve(size_t count) { m_bases.reserve(count); }
+    void Clear() { *this = ValueBases(); }
+
+private:
+    /// Twelve bytes: thousands of files stay in memory like this.
+    struct Base {
+        uint32_t name;
+        uint32_t low, high; // halves of a hash of both, name and value
+        bool operator==(const Base&) const = default;
+    };
+    static Base Make(uint64_t name, uint64_t value);
+    size_t Find(uint32_t name);
+    void CompleteIndex();
+
+    std::vector<Base> m_bases;
+    size_t m_next = 0; // values mostly come in one order: the first guess
+    NameIndex m_index; // over the first m_indexed bases; completed when a guess fails
+    size_t m_indexed = 0;
+};
+
+} // namespace ostrand

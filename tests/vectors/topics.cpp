@@ -1,0 +1,27 @@
+#include "tests/vectors/topics.h"
+
+#include <array>
+
+namespace ostrand::vectors {
+
+std::span<const Topic> Topics()
+{
+    static const std::array topics = {
+        Topic{"message_format", MessageFormatKinds()},
+        Topic{"message_texts", MessageTextsKinds()},
+        Topic{"octal", OctalKinds()},
+        Topic{"text_split", TextSplitKinds()},
+        Topic{"text_file", TextFileKinds()},
+        Topic{"value_model", ValueModelKinds()},
+        Topic{"list_view_state", ListViewStateKinds()},
+        Topic{"explorer_frame_state", ExplorerFrameStateKinds()},
+        Topic{"time_text", TimeTextKinds()},
+        Topic{"log_font", LogFontKinds()},
+        Topic{"multi_line", MultiLineKinds()},
+        Topic{"raw_block", RawBlockKinds()},
+        Topic{"global_config", GlobalConfigKinds()},
+    };
+    return topics;
+}
+
+} // namespace ostrand::vectors

@@ -1,0 +1,45 @@
+# Completion of ostrandcfg for bash; made by "ostrandcfg --bash-completion".
+_ostrandcfg() {
+    local cur=${COMP_WORDS[COMP_CWORD]} command='' words='' list='' form='%q\n' pass=() i
+    for ((i = 1; i < COMP_CWORD; i++)); do
+        case ${COMP_WORDS[i]} in
+        --config|--app) pass+=("${COMP_WORDS[i]}" "${COMP_WORDS[i + 1]}"); ((i++)) ;;
+        -*) ;;
+        *) command+=${command:+ }${COMP_WORDS[i]} ;;
+        esac
+    done
+    case ${COMP_WORDS[COMP_CWORD - 1]} in
+    --config) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- "$cur"); return ;;
+    --app) mapfile -t COMPREPLY < <(compgen -W 'tessaly orvane quillo' -- "$cur"); return ;;
+    esac
+    case $command in
+    '') words='global schema store' ;;
+    global) words='list get set reset save merge diff' ;;
+    'global list') words='--help' ;;
+    'global get') words='--help' list=values ;;
+    'global set') words='--help' list=values ;;
+    'global reset') words='--help' list=values ;;
+    'global save') words='--help --force' ;;
+    'global merge') words='--help --write' list=keys ;;
+    'global diff') words='--help' ;;
+    schema) words='global' ;;
+    'schema global') words='--help --markdown' ;;
+    store) words='dump' ;;
+    'store dump') words='--help' list=keys ;;
+    esac
+    if [[ $cur == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$words --help --version --config --app --json" -- "$cur")
+    elif [[ -n $list ]]; then
+        # Names hold blanks: one a line, escaped for the shell where no quote was typed.
+        [[ $cur != [\"\']* ]] || form='%s\n'
+        cur=${cur#[\"\']}
+        cur=${cur//\\/}
+        mapfile -t COMPREPLY < <("${COMP_WORDS[0]}" "${pass[@]}" complete "$list" 2>/dev/null |
+            while IFS= read -r name; do
+                [[ ${name,,} == "${cur,,}"* ]] && printf "$form" "$name"
+            done)
+    else
+        mapfile -t COMPREPLY < <(compgen -W "$words" -- "$cur")
+    fi
+}
+complete -F _ostrandcfg ostrandcfg

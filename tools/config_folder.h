@@ -1,0 +1,76 @@
+// The configuration folder that a command works on, with the global record read from it.
+#pragma once
+
+#include "config/global/global_edit.h"
+#include "profile/key.h"
+#include "stores/file_store.h"
+#include "stores/store_places.h"
+#include "tools/request.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ostrand::tool {
+
+enum class Access { Read, Write };
+
+/// One for the process: the library goes through its factory. What fails says so in one line on stderr and answers the
+/// exit code.
+class ConfigFolder {
+public:
+    ConfigFolder() = default;
+    ~ConfigFolder();
+    ConfigFolder(const ConfigFolder&) = delete;
+    ConfigFolder& operator=(const ConfigFolder&) = delete;
+
+    /// Finds the folder and installs its store, touching nothing. A missing folder is made by the first write; for
+    /// reading it must be there if it was asked for by name, and else counts as empty.
+    Exit Open(const Request& request, Access access);
+    /// Opens the folder and reads its global record.
+    Exit OpenGlobal(const Request& request, Access access);
+
+    GlobalConfig& Config() { return *m_config; }
+    /// The key Global and the root, to read from.
+    const VProfileKey& GlobalKey() const { return *m_globalKey; }
+    const VProfileKey& Root() const { return *m_store->GetRootKey(); }
+    /// An existing key to read from, by its path as typed; the root for an empty one.
+    Exit OpenKey(const std::string& typedPath, std::unique_ptr<VProfileKey>& key) const;
+
+    /// Whether the key Global can be written; makes it where it is missing.
+    Exit CheckWritable() const;
+    /// Writes these values of a record to the key Global, and nothing else.
+    Exit SaveValues(GlobalConfig& config, const std::vector<const GlobalRow*>& rows) const;
+    /// The store's reason, with the file.
+    Exit FailGlobal(IReportMessageParams& report) const;
+    /// The same after writes that were refused; doesn't return.
+    [[noreturn]] Exit FailSave(IReportMessageParams& report) const;
+    /// The file of the key Global.
+    std::string GlobalFile() const;
+
+    /// Where a value of the key Global stands; the line is 0 for one that isn't stored.
+    ValuePlace PlaceOf(const char16_t* valueName) const;
+    /// What is wrong with the stored form of a value, with file and line; empty for a good or missing one.
+    std::string DamageOf(const GlobalRow& row) const;
+    /// One warning for each value of the key Global that can't be read, and for each of its broken lines.
+    void WarnOfDamage() const;
+    /// One warning for each broken line of the key's file, and one for many.
+    void WarnOfBrokenLines(const VProfileKey& key) const;
+
+private:
+    /// Why the stored value is none of its row's type; empty for one that is.
+    std::string UnfitValue(const GlobalRow& row, const ValuePlace& place) const;
+
+    std::string m_path;
+    std::unique_ptr<FileStoreFactory> m_factory;
+    std::unique_ptr<VProfileStore> m_store;
+    std::unique_ptr<VProfileKey> m_globalKey;
+    GlobalConfig* m_config = nullptr; // lent by the library
+};
+
+/// The file that the key's values stand in.
+std::string FileOf(const VProfileKey& key);
+/// "FILE:LINE", or the file alone where there is no line.
+std::string PlaceText(const ValuePlace& place);
+
+} // namespace ostrand::tool

@@ -1,0 +1,190 @@
+#include "tools/help_pages.h"
+
+#include <vector>
+
+namespace ostrand::tool {
+
+namespace {
+
+/// Commands and options of the hidden group have no place on the pages.
+template <class Part>
+bool IsShown(const Part& part)
+{
+    return !part.get_group().empty();
+}
+
+std::vector<const CLI::App*> ShownCommands(const CLI::App& app)
+{
+    std::vector<const CLI::App*> commands;
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App* a) { return IsShown(*a); }))
+        commands.push_back(command);
+    return commands;
+}
+
+std::vector<const CLI::Option*> ShownOptions(const CLI::App& app)
+{
+    std::vector<const CLI::Option*> options;
+    for (const CLI::Option* option : app.get_options([](const CLI::Option* o) { return IsShown(*o); }))
+        options.push_back(option);
+    return options;
+}
+
+/// Backslashes and dashes as roff wants them; a quote or dot at a line's start is no request.
+std::string Roff(const std::string& text)
+{
+    std::string out;
+    bool isLineStart = true;
+    for (const char c : text) {
+        if (isLineStart && (c == '.' || c == '\''))
+            out += "\\&";
+        if (c == '\\')
+            out += "\\e";
+        else if (c == '-')
+            out += "\\-";
+        else
+            out += c;
+        isLineStart = c == '\n';
+    }
+    return out;
+}
+
+/// "NAME [VALUE...]", of the positional words.
+std::string Positionals(const CLI::App& app)
+{
+    std::string words;
+    for (const CLI::Option* option : ShownOptions(app)) {
+        if (!option->get_positional())
+            continue;
+        const std::string name = option->get_name(true) + (option->get_allow_extra_args() ? "..." : "");
+        words += option->get_required() ? " " + name : " [" + name + "]";
+    }
+    return words;
+}
+
+std::string Flags(const CLI::App& app)
+{
+    std::string flags;
+    for (const CLI::Option* option : ShownOptions(app))
+        if (!option->get_positional() && option != app.get_help_ptr())
+            flags += " [" + option->get_name() + "]";
+    return flags;
+}
+
+std::string OptionList(const CLI::App& app)
+{
+    std::string page;
+    for (const CLI::Option* option : ShownOptions(app)) {
+        if (option == app.get_help_ptr() && app.get_parent())
+            continue; // told once, for all commands
+        const std::string name = option->get_positional() ? option->get_name(true) : option->get_name(false, true);
+        const std::string argument = option->get_option_text().empty() ? "" : " " + option->get_option_text();
+        page += ".TP\n\\fB" + Roff(name) + "\\fR" + Roff(argument) + "\n" + Roff(option->get_description()) + "\n";
+    }
+    return page;
+}
+
+std::string CommandSection(const CLI::App& group, const CLI::App& command)
+{
+    std::string page = ".SS \"" +
+                       Roff(group.get_name() + " " + command.get_name() + Positionals(command) + Flags(command)) +
+                       "\"\n" + Roff(command.get_description()) + "\n" + OptionList(command);
+    return page + ".PP\n.nf\n" + Roff(command.get_footer()) + ".fi\n";
+}
+
+/// Words with a blank between, for bash.
+std::string Names(const std::vector<const CLI::App*>& commands)
+{
+    std::string names;
+    for (const CLI::App* command : commands)
+        names += (names.empty() ? "" : " ") + command->get_name();
+    return names;
+}
+
+std::string LongOptions(const CLI::App& app)
+{
+    std::string names;
+    for (const CLI::Option* option : ShownOptions(app))
+        for (const std::string& name : option->get_lnames())
+            names += (names.empty() ? "--" : " --") + name;
+    return names;
+}
+
+/// Which list of words completes a command's first positional word.
+std::string WordList(const CLI::App& command)
+{
+    for (const CLI::Option* option : ShownOptions(command))
+        if (option->get_positional())
+            return option->get_name(true) == "NAME" ? "values" : "keys";
+    return {};
+}
+
+} // namespace
+
+std::string ManPage(const CLI::App& app)
+{
+    std::string page = ".TH OSTRANDCFG 1\n.SH NAME\nostrandcfg \\- settings of Tessaly and Orvane on the command line\n"
+                       ".SH SYNOPSIS\n.nf\n";
+    std::string commands;
+    for (const CLI::App* group : ShownCommands(app)) {
+        for (const CLI::App* command : ShownCommands(*group)) {
+            page += Roff("ostrandcfg [OPTIONS] " + group->get_name() + " " + command->get_name() +
+                         Positionals(*command) + Flags(*command)) +
+                    "\n";
+            commands += CommandSection(*group, *command);
+        }
+    }
+    page += ".fi\n.SH DESCRIPTION\n" + Roff(app.get_description()) + "\n.SH OPTIONS\n" + OptionList(app);
+    return page + ".SH COMMANDS\n" + commands + ".SH EXIT STATUS\n" + Roff(app.get_footer()) + "\n";
+}
+
+std::string BashCompletion(const CLI::App& app)
+{
+    std::string cases;
+    for (const CLI::App* group : ShownCommands(app)) {
+        cases += "    " + group->get_name() + ") words='" + Names(ShownCommands(*group)) + "' ;;\n";
+        for (const CLI::App* command : ShownCommands(*group)) {
+            const std::string list = WordList(*command);
+            cases += "    '" + group->get_name() + " " + command->get_name() + "') words='" + LongOptions(*command) +
+                     "'" + (list.empty() ? "" : " list=" + list) + " ;;\n";
+        }
+    }
+    return R"(# Completion of ostrandcfg for bash; made by "ostrandcfg --bash-completion".
+_ostrandcfg() {
+    local cur=${COMP_WORDS[COMP_CWORD]} command='' words='' list='' form='%q\n' pass=() i
+    for ((i = 1; i < COMP_CWORD; i++)); do
+        case ${COMP_WORDS[i]} in
+        --config|--app) pass+=("${COMP_WORDS[i]}" "${COMP_WORDS[i + 1]}"); ((i++)) ;;
+        -*) ;;
+        *) command+=${command:+ }${COMP_WORDS[i]} ;;
+        esac
+    done
+    case ${COMP_WORDS[COMP_CWORD - 1]} in
+    --config) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- "$cur"); return ;;
+    --app) mapfile -t COMPREPLY < <(compgen -W 'tessaly orvane quillo' -- "$cur"); return ;;
+    esac
+    case $command in
+    '') words=')" +
+           Names(ShownCommands(app)) + R"(' ;;
+)" + cases +
+           R"(    esac
+    if [[ $cur == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$words )" +
+           LongOptions(app) + R"(" -- "$cur")
+    elif [[ -n $list ]]; then
+        # Names hold blanks: one a line, escaped for the shell where no quote was typed.
+        [[ $cur != [\"\']* ]] || form='%s\n'
+        cur=${cur#[\"\']}
+        cur=${cur//\\/}
+        mapfile -t COMPREPLY < <("${COMP_WORDS[0]}" "${pass[@]}" complete "$list" 2>/dev/null |
+            while IFS= read -r name; do
+                [[ ${name,,} == "${cur,,}"* ]] && printf "$form" "$name"
+            done)
+    else
+        mapfile -t COMPREPLY < <(compgen -W "$words" -- "$cur")
+    fi
+}
+complete -F _ostrandcfg ostrandcfg
+)";
+}
+
+} // namespace ostrand::tool

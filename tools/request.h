@@ -1,0 +1,32 @@
+// What one call of the tool asks for, and how it ends.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace ostrand::tool {
+
+/// Exit codes of the program.
+enum class Exit : int {
+    Done = 0,
+    Failed = 1, ///< unknown name, bad value, damaged entry
+    Usage = 2,
+    Store = 3, ///< the store can't be read or written
+};
+
+/// Words are UTF-8 as typed, unchecked.
+struct Request {
+    std::string folder; ///< of the store; empty for the application's own
+    std::string application = "tessaly";
+    bool asJson = false;
+    bool asMarkdown = false;
+    bool force = false;
+    bool write = false;
+    std::string name; ///< of a value
+    std::string key;  ///< path below the store's root, empty for the root
+    std::vector<std::string> values;
+
+    bool IsOrvane() const { return application == "orvane"; }
+};
+
+} // namespace ostrand::tool

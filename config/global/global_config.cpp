@@ -38,7 +38,8 @@ VProfileData* GlobalConfig::GetMember(int index) { return Schema().GetMember(*th
 
 VProfileData* GlobalConfig::FindMember(std::u16string_view valueName)
 {
-    return Schema().GetMember(*this, Schema().FindMember(valueName, m_isOrvane));
+    const VSchema<GlobalConfig>& schema = Schema();
+    return schema.GetMember(*this, schema.FindMember(valueName, m_isOrvane));
 }
 
 void GlobalConfig::UndoOverrides()

@@ -119,7 +119,7 @@ protected:
     template <class R>
     bool ReadStored(const VProfileKey* key, R* record) const
     {
-        std::array<uint8_t, R::kStoredSize> block;
+        std::array<uint8_t, R::kStoredSize> block{};
         record->Pack(block);
         unsigned size = R::kStoredSize;
         if (!ReadStored(key, block.data(), size))
@@ -130,7 +130,7 @@ protected:
     template <class R>
     void WriteStored(VProfileKey* key, const R& record)
     {
-        std::array<uint8_t, R::kStoredSize> block;
+        std::array<uint8_t, R::kStoredSize> block{}; // bytes that a record leaves out are stored as zeros
         record.Pack(block);
         WriteStored(key, block.data(), R::kStoredSize);
     }

@@ -26,7 +26,8 @@ OSTRAND_API void ResetGlobalConfig(GlobalConfig*& config);
 /// Drops the configuration under its lock and reads it anew; unsaved changes are lost.
 OSTRAND_API void ReloadGlobalConfig(GlobalConfig*& config);
 /// Writes what is changed or pending, with `force` everything; the configuration must exist. False when the store
-/// refused: `report`, if given, says why, and the writes are tried again at the next save.
+/// refused: `report`, if given, says why. Writes that the store took and could not bring to its medium stay queued
+/// there for the next save; a value whose write it didn't take at all counts as saved and goes out with a forced save.
 OSTRAND_API bool SaveGlobalConfig(bool force, IReportMessageParams* report = nullptr);
 /// Lays another key's values over the configuration, which must exist. Nothing is written.
 OSTRAND_API void MergeGlobalConfig(const VProfileKey& key);

@@ -22,29 +22,9 @@ void Require(bool holds)
         std::abort();
 }
 
-/// The value as a save would write it; empty for one of an unknown kind.
-std::string Render(std::string_view value)
-{
-    unsigned number = 0;
-    VUnicodeString text;
-    VStringArray list;
-    std::string_view digits;
-    if (ParseDword(value, number) == ReadOutcome::Good)
-        return RenderDword(number);
-    if (ParseText(value, text) == ReadOutcome::Good)
-        return RenderText(text);
-    if (ParseList(value, list) == ReadOutcome::Good)
-        return RenderList(list);
-    if (ParseBlock(value, digits) != ReadOutcome::Good)
-        return {};
-    std::string bytes(digits.size() / 2, '\0');
-    DecodeBlock(digits, bytes.data());
-    return RenderBlock(bytes.data(), bytes.size());
-}
-
 void CheckValue(std::string_view value)
 {
-    const std::string rendered = Render(value);
+    const std::string rendered = Rerender(value);
     if (rendered.empty()) {
         Require(KindOfValue(value) == VProfileValueType::Other);
         return;
@@ -52,7 +32,7 @@ void CheckValue(std::string_view value)
     Require(KindOfValue(rendered) == KindOfValue(value));
     Require(SameValue(value, rendered));
     Require(HashValue(value) == HashValue(rendered));
-    Require(Render(rendered) == rendered);
+    Require(Rerender(rendered) == rendered);
 }
 
 /// Lines that no value of the document stands in, in their order.

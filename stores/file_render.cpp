@@ -54,27 +54,6 @@ bool CanStandBare(std::u16string_view name)
     return true;
 }
 
-/// The value as it would be rendered; empty for a broken one or one of a kind that isn't known.
-std::string Rerender(std::string_view from)
-{
-    unsigned number = 0;
-    VUnicodeString text;
-    VStringArray list;
-    std::string_view digits;
-    if (ParseDword(from, number) == ReadOutcome::Good)
-        return RenderDword(number);
-    if (ParseText(from, text) == ReadOutcome::Good)
-        return RenderText(text);
-    if (ParseList(from, list) == ReadOutcome::Good)
-        return RenderList(list);
-    if (ParseBlock(from, digits) == ReadOutcome::Good) {
-        std::string bytes(digits.size() / 2, '\0');
-        DecodeBlock(digits, bytes.data());
-        return RenderBlock(bytes.data(), bytes.size());
-    }
-    return {};
-}
-
 constexpr uint64_t kDwordSeed = 1;
 constexpr uint64_t kListSeed = 2;
 
@@ -180,6 +159,26 @@ std::string RenderBlock(const void* data, size_t size)
         out.push_back(kHexDigits[bytes[i] & 15]);
     }
     return out;
+}
+
+std::string Rerender(std::string_view from)
+{
+    unsigned number = 0;
+    VUnicodeString text;
+    VStringArray list;
+    std::string_view digits;
+    if (ParseDword(from, number) == ReadOutcome::Good)
+        return RenderDword(number);
+    if (ParseText(from, text) == ReadOutcome::Good)
+        return RenderText(text);
+    if (ParseList(from, list) == ReadOutcome::Good)
+        return RenderList(list);
+    if (ParseBlock(from, digits) == ReadOutcome::Good) {
+        std::string bytes(digits.size() / 2, '\0');
+        DecodeBlock(digits, bytes.data());
+        return RenderBlock(bytes.data(), bytes.size());
+    }
+    return {};
 }
 
 bool SameValue(std::string_view from, std::string_view rendered)

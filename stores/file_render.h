@@ -21,6 +21,8 @@ std::string RenderText(std::u16string_view value);
 std::string RenderList(const VStringArray& value);
 std::string RenderBlock(const void* data, size_t size);
 
+/// The value at the front of `from` as it would be rendered; empty for a broken one or one of a kind that isn't known.
+std::string Rerender(std::string_view from);
 /// Whether the value at the front of `from` is the one that `rendered` stands for, however a person spelled it.
 bool SameValue(std::string_view from, std::string_view rendered);
 /// Hash of the value at the front of `from`, which must be whole. The same for all its spellings, and never 0.

@@ -1,7 +1,6 @@
 #include "config/global/global_edit.h"
 
 #include "core/fold.h"
-#include "platform/error_codes.h"
 
 #include <algorithm>
 
@@ -115,8 +114,6 @@ GlobalEdit SettleEdit(GlobalConfig& config, const GlobalRow& edited)
 bool SaveGlobalValues(GlobalConfig& config, std::span<const GlobalRow* const> rows, VProfileKey& key,
                       IReportMessageParams& report)
 {
-    if (!key.IsWritable()) // or all writes would fail one by one, with nothing left to flush
-        return Fail(report, kErrorAccessDenied);
     for (const GlobalRow* row : rows) {
         VProfileData& value = *row->member(config);
         const auto* const block = dynamic_cast<const VProfileBlob*>(&value);

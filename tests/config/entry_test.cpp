@@ -147,6 +147,16 @@ TEST_F(Entry, ASaveTellsWhatTheStoreRefused)
     EXPECT_EQ(report.GetCode(), kErrorGeneralFailure);
     EXPECT_TRUE(SaveGlobalConfig(false)) << "nothing was due, so nothing was refused";
     store.Factory().FailWrites(0);
+    {
+        VProfileStore open;
+        VProfileKey key(open.GetRootKey(), u"Global");
+        store.Factory().FailWrites(kErrorGeneralFailure);
+        key.WriteDword(u"Timeout", 1);
+        store.Factory().FailWrites(0);
+        key.WriteDword(u"MRU Count", 1);
+        EXPECT_FALSE(key.Flush(report)) << "a later write that is taken hides no earlier one";
+        EXPECT_TRUE(key.Flush(report));
+    }
 
     store.Factory().SetReadOnly(true);
     Fetch().timeout = 1;

@@ -294,6 +294,9 @@ TEST_P(StoreContract, AReadOnlyStoreMakesAndChangesNothing)
     for (const auto& change : changes)
         EXPECT_FALSE(change());
     EXPECT_EQ(Status(made), kErrorAccessDenied);
+    VReportMessageParams refused;
+    EXPECT_FALSE(made.Flush(refused)) << "of many refused writes, one answer";
+    EXPECT_EQ(refused.GetCode(), kErrorAccessDenied);
     EXPECT_EQ(Status(*root), kErrorAccessDenied);
     EXPECT_THAT(Names(*root, false), ElementsAre(u"Made"));
     EXPECT_THAT(Names(made, true), ElementsAre(u"N"));

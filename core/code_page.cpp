@@ -14,18 +14,16 @@ constexpr char16_t kUpperControls[] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-char ByteOf(char16_t c)
-{
-    unsigned byte = c;
-    if (c > 0xFF || (c >= 0x80 && c <= 0x9F)) {
-        const auto* const found = std::find(std::begin(kUpperControls), std::end(kUpperControls), c);
-        byte = found == std::end(kUpperControls) ? u'?'
-                                                 : static_cast<unsigned>(0x80 + (found - std::begin(kUpperControls)));
-    }
-    return static_cast<char>(static_cast<unsigned char>(byte));
-}
-
 } // namespace
+
+unsigned char ToCodePage(char16_t character)
+{
+    if (character <= 0xFF && (character < 0x80 || character > 0x9F))
+        return static_cast<unsigned char>(character);
+    const auto* const found = std::find(std::begin(kUpperControls), std::end(kUpperControls), character);
+    return found == std::end(kUpperControls) ? u8'?'
+                                             : static_cast<unsigned char>(0x80 + (found - std::begin(kUpperControls)));
+}
 
 char16_t FromCodePage(unsigned char byte) { return byte >= 0x80 && byte <= 0x9F ? kUpperControls[byte - 0x80] : byte; }
 
@@ -41,7 +39,8 @@ VUnicodeString FromCodePage(std::string_view bytes)
 std::string ToCodePage(std::u16string_view text)
 {
     std::string bytes(text.size(), '\0');
-    std::transform(text.begin(), text.end(), bytes.begin(), ByteOf);
+    std::transform(text.begin(), text.end(), bytes.begin(),
+                   [](char16_t c) { return static_cast<char>(ToCodePage(c)); });
     return bytes;
 }
 

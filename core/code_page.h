@@ -11,7 +11,8 @@ OSTRAND_API VUnicodeString FromCodePage(std::string_view bytes);
 /// One byte for each code unit. What the code page lacks becomes "?", never a look-alike.
 OSTRAND_API std::string ToCodePage(std::u16string_view text);
 
-/// The character of one byte.
+/// The character of one byte, and the byte of one character.
 OSTRAND_API char16_t FromCodePage(unsigned char byte);
+OSTRAND_API unsigned char ToCodePage(char16_t character);
 
 } // namespace ostrand

@@ -32,7 +32,12 @@ inline constexpr unsigned kMidnightLogNeedsDay = 0xe1380013;
 
 // Texts that the application's table brings.
 inline constexpr unsigned kParserHasNoOpinion = 0xe1040040;
+inline constexpr unsigned kProtectionFailed = 0xe1040045;
+inline constexpr unsigned kUnprotectionFailed = 0xe1040046;
+inline constexpr unsigned kProtectedTextCut = 0xe1040047;
 inline constexpr unsigned kStringIndexOutOfRange = 0xe104004a;
+inline constexpr unsigned kPathTokenUnknown = 0xe1040065;
+inline constexpr unsigned kPathTokenIncomplete = 0xe1040066;
 inline constexpr unsigned kNoVariantConversion = 0xe104006a;
 inline constexpr unsigned kVariantNotConvertible = 0xe104006b;
 inline constexpr unsigned kOctalInvalidDigit = 0xe104006c;

@@ -1,5 +1,7 @@
 #include "core/native_path.h"
 
+#include "platform/places.h"
+
 #include <algorithm>
 
 namespace ostrand {
@@ -12,14 +14,12 @@ bool ToNativePath(std::u16string_view path, std::string& out)
     return true;
 }
 
-VUnicodeString NameInFolder(std::u16string_view folder, std::u16string_view name)
+VUnicodeString InNativeSpelling(std::u16string_view path)
 {
-    const bool isNative = folder.starts_with(u'/');
-    const std::u16string_view separators = isNative ? u"\\/" : u"\\";
-    VUnicodeString path(folder.substr(0, folder.find_last_not_of(separators) + 1));
-    path += isNative ? u"/" : u"\\";
-    path += name.substr(std::min(name.find_first_not_of(separators), name.size()));
-    return path;
+    std::u16string text(path);
+    if (!kHasDrives)
+        std::replace(text.begin(), text.end(), u'\\', u'/');
+    return VUnicodeString(text);
 }
 
 std::string_view BaseName(std::string_view path) { return path.substr(path.find_last_of("\\/") + 1); }

@@ -9,8 +9,8 @@ namespace ostrand {
 /// UTF-8 with "/" for "\". False for a text that names nothing: one with a lone surrogate or a zero character.
 OSTRAND_API bool ToNativePath(std::u16string_view path, std::string& out);
 
-/// `folder` and `name` with exactly one separator between: "/" where the folder begins with one, else "\".
-OSTRAND_API VUnicodeString NameInFolder(std::u16string_view folder, std::u16string_view name);
+/// The text as this system's users expect to see it: with "/" for "\", but unchanged where paths begin at drives.
+OSTRAND_API VUnicodeString InNativeSpelling(std::u16string_view path);
 
 /// What stands behind the last separator of either kind.
 OSTRAND_API std::string_view BaseName(std::string_view path);

@@ -3,6 +3,7 @@
 #include "core/fold.h"
 #include "core/messages.h"
 #include "core/native_path.h"
+#include "core/paths/path_text.h"
 #include "core/prompts.h"
 #include "core/report.h"
 #include "core/tokenize.h"
@@ -72,11 +73,11 @@ Sibling Detect(std::u16string_view folder, const Product& product)
 {
     // The name without ".exe" first: so programs are called where that ending has no meaning.
     for (const std::u16string_view name : {product.name, product.executable}) {
-        const VUnicodeString path = NameInFolder(folder, name);
+        const VUnicodeString path = JoinPath(folder, name);
         if (IsExecutable(path, product.minimumMajor))
             return {path, true};
     }
-    return {NameInFolder(folder, product.executable), false};
+    return {JoinPath(folder, product.executable), false};
 }
 
 std::vector<std::string> SplitArguments(const char16_t* arguments)

@@ -15,6 +15,7 @@ constexpr VMessageText kTexts[] = {
     {kErrorFileNotFound, u"The file, key or value was not found."},
     {kErrorPathNotFound, u"The path was not found."},
     {kErrorAccessDenied, u"Access is denied."},
+    {kErrorInvalidData, u"The data is invalid."},
     {kErrorGeneralFailure, u"The system reported a failure."},
     {kErrorLockViolation, u"Another process holds a lock on the file."},
     {kErrorHandleEof, u"The end of the file was reached."},

@@ -1,6 +1,7 @@
 #include "core/trace.h"
 
 #include "core/native_path.h"
+#include "core/paths/path_text.h"
 #include "platform/error_codes.h"
 #include "platform/places.h"
 #include "platform/platform.h"
@@ -32,7 +33,7 @@ VUnicodeString VTraceLog::FilePath()
     FromUtf8(TempFolder(), folder);
     FromUtf8(base.substr(0, base.find('.')), name);
     name += u".trace.log";
-    return NameInFolder(folder, name);
+    return JoinPath(folder, name);
 }
 
 void VTraceLog::Open()

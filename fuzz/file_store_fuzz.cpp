@@ -1,5 +1,5 @@
-// Any bytes as a key's file: all that parses is read, rendered and read again; edits change what they name, keep every
-// line that doesn't parse, and a second edit to the same values changes nothing.
+// Any bytes as a key's file: all that parses is read, rendered and read again, also by the short cuts of reading; edits
+// change what they name, keep every line that doesn't parse, and a second edit to the same values changes nothing.
 #include "stores/file_check.h"
 #include "stores/file_document.h"
 #include "stores/file_format.h"
@@ -53,6 +53,25 @@ std::vector<std::string> OtherLines(const std::string& text)
     return lines;
 }
 
+/// The same values where a layout is shared, and where the text isn't cut.
+void CheckShortCuts(const FileDocument& document, const std::vector<std::u16string>& names)
+{
+    LayoutPool pool;
+    for (int i = 0; i < 2; ++i)
+        FileDocument(document.Text(), &pool).Cut();
+    const FileDocument sharing(document.Text(), &pool);
+    Require(sharing.Count() == document.Count());
+    for (size_t i = 0; i < document.Count(); ++i) {
+        Require(sharing.NameAt(i) == document.NameAt(i));
+        Require(sharing.ValueAt(i) == document.ValueAt(i));
+        Require(sharing.IsLast(i) == document.IsLast(i));
+    }
+    for (size_t i = 0; i < names.size(); i += 1 + names.size() / 8) {
+        const FileDocument uncut(document.Text());
+        Require(uncut.FindWhole(names[i].c_str()).value == document.FindWhole(names[i].c_str()).value);
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
@@ -68,6 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         CheckValue(document.ValueAt(i));
         names.push_back(name);
     }
+    CheckShortCuts(document, names);
     names.push_back(u"Fuzzed; = \"name\"");
 
     const std::string value = "\"fuzzed\"";

@@ -1,7 +1,8 @@
-// What the library asks of the system besides files: clock, environment, processes. One small interface each; a test
-// replaces any of them for its own duration.
+// What the library asks of the system besides files: clock, environment, processes, protection of secrets. One small
+// interface each; a test replaces any of them for its own duration.
 #pragma once
 
+#include "platform/data_protection.h"
 #include "platform/files.h"
 
 #include <string>
@@ -32,6 +33,8 @@ public:
     virtual ~IProcesses() = default;
     /// Full path of the running executable, UTF-8; empty when the system doesn't tell.
     virtual std::string ExecutablePath() = 0;
+    /// Full path of the folder that relative paths begin at, UTF-8; empty when the system doesn't tell.
+    virtual std::string CurrentFolder() = 0;
     /// Full path of the loaded module that `address` lies in; empty for an unknown one.
     virtual std::string ModulePath(const void* address) = 0;
     /// Starts a program detached from this one, without a shell. 0 only when it was really started.
@@ -55,6 +58,7 @@ struct VPlatform {
     IEnvironment* environment;
     IProcesses* processes;
     IDisplay* display;
+    IDataProtection* dataProtection;
 };
 
 /// The process's services: the system's own until a test puts others there. Filled before main, changed on one thread.

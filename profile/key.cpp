@@ -36,4 +36,11 @@ VProfileStore::~VProfileStore()
     m_private.reset();
 }
 
+IStoreExtras& VProfileStore::Extras() const
+{
+    static IStoreExtras none;
+    auto* const extras = dynamic_cast<IStoreExtras*>(m_private.get());
+    return extras ? *extras : none;
+}
+
 } // namespace ostrand

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "profile/backend.h"
+#include "profile/store_extras.h"
 
 #include <memory>
 
@@ -27,6 +28,8 @@ public:
 
     /// Lent; keys opened from it may outlive this store.
     VProfileKey* GetRootKey() const { return m_root.get(); }
+    /// What the store offers besides its keys. Lent, and never none: a store without it answers "not supported".
+    IStoreExtras& Extras() const;
 
 private:
     friend class VProfileKey;

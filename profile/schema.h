@@ -13,7 +13,9 @@
 #pragma once
 
 #include "profile/blob.h"
+#include "profile/blowfish_value.h"
 #include "profile/color_values.h"
+#include "profile/encoded_string.h"
 #include "profile/log_font.h"
 #include "profile/margins.h"
 #include "profile/name_index.h"
@@ -317,6 +319,36 @@ consteval auto Blob(const char16_t* name, const char16_t* meaning, Options... op
         (record.*M).Load(in.key, n);
     };
     row.merge = [](C& record, const VSchemaRow<C>&, const VProfileKey* key) { (record.*M).ReadValue(key); };
+    return row;
+}
+
+/// A secret in the encoded form, which takes over what the platform's protection wrote. It has no default.
+template <auto M, class... Options>
+consteval auto Encoded(const char16_t* name, const char16_t* meaning, Options... options)
+{
+    static_assert(std::is_same_v<schema_detail::FieldOf<M>, VProfileEncodedString>,
+                  "the row's class isn't the field's");
+    using C = schema_detail::RecordOf<M>;
+    auto row = schema_detail::Row<M>(VValueClass::Encoded, name, meaning, options...);
+    row.load = [](C& record, const VSchemaRow<C>&, const VUnicodeString& n, const typename C::ReadContext& in) {
+        (record.*M).LoadTakingOver(in.key, n);
+    };
+    row.merge = schema_detail::MergeValue<M>;
+    return row;
+}
+/// A secret in the encrypted form. Its default isn't written by the next save.
+template <auto M, class... Options>
+consteval auto Encrypted(const char16_t* name, const char16_t* defaultText, const char16_t* meaning, Options... options)
+{
+    static_assert(std::is_same_v<schema_detail::FieldOf<M>, VProfileBlowfishString>,
+                  "the row's class isn't the field's");
+    using C = schema_detail::RecordOf<M>;
+    auto row = schema_detail::Row<M>(VValueClass::Encrypted, name, meaning, options...);
+    row.text = defaultText;
+    row.load = [](C& record, const VSchemaRow<C>& r, const VUnicodeString& n, const typename C::ReadContext& in) {
+        (record.*M).Load(in.key, n, r.text);
+    };
+    row.merge = schema_detail::MergeValue<M>;
     return row;
 }
 

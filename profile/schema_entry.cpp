@@ -6,9 +6,10 @@ namespace ostrand {
 
 const char* ValueClassName(VValueClass type)
 {
-    static constexpr std::array kNames = {
-        "bool",    "int",    "uint",          "ulong",     "tristate",       "string", "strings", "font",  "placement",
-        "margins", "colors", "color-schemes", "list-view", "explorer-frame", "time",   "blob",    "serial"};
+    static constexpr std::array kNames = {"bool",   "int",           "uint",      "ulong",          "tristate",
+                                          "string", "strings",       "font",      "placement",      "margins",
+                                          "colors", "color-schemes", "list-view", "explorer-frame", "time",
+                                          "blob",   "serial",        "encoded",   "encrypted"};
     return kNames[static_cast<size_t>(type)];
 }
 

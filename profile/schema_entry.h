@@ -28,6 +28,8 @@ enum class VValueClass : uint8_t {
     Time,
     Blob,
     Serial,
+    Encoded,
+    Encrypted,
 };
 
 /// "bool", "int", "explorer-frame" and so on.

@@ -3,8 +3,8 @@
 //   time = year ":" month ":" day ":" hour ":" minute ":" second ":" millisecond      digits only, any number of them
 #pragma once
 
+#include "core/calendar.h"
 #include "platform/export.h"
-#include "profile/calendar.h"
 #include "profile/values.h"
 
 #include <string_view>

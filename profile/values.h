@@ -173,11 +173,11 @@ public:
         if constexpr (std::is_base_of_v<VProfileMultiSz, S>)
             return this->GetVariantArray(out, Value(), report);
         else
-            return this->GetVariantData(out, &Value(), sizeof(T), report);
+            return this->GetVariantData(out, Data(), sizeof(T), report);
     }
     bool SetVariant(const VVariant* in, IReportMessageParams& report) override
     {
-        return this->SetVariantData(in, &Value(), sizeof(T), report);
+        return this->SetVariantData(in, Data(), sizeof(T), report);
     }
 
     /// Current value from the store; saved copy and `dirty` stay. False for a null key, a missing or unfit value.
@@ -195,6 +195,16 @@ protected:
     {
         this->dirty = false;
         KeepAsSaved();
+    }
+
+private:
+    /// What S converts; of a class that is more than its text, the text.
+    void* Data()
+    {
+        if constexpr (std::is_base_of_v<VUnicodeString, T>)
+            return static_cast<VUnicodeString*>(this);
+        else
+            return &Value();
     }
 };
 

@@ -2,7 +2,7 @@
 # Installs the Debian packages that are missing: for "build" what building the tool needs, for "test" all that ./test
 # needs beside that. Does nothing, and asks for no rights, where all are there.
 set -eu
-build="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev"
+build="g++ cmake ninja-build pkg-config libsodium-dev libcli11-dev nlohmann-json3-dev"
 test="libgtest-dev libgmock-dev clang-format-19 clang-tidy-19 ccache"
 case ${1:-} in
 build) wanted=$build ;;

@@ -1,7 +1,8 @@
 // Looking at eight bytes at a time: loads, and tests of all bytes of a word at once. A test answers with the top bit of
-// each byte that passes, possibly also of bytes above the first that does: good for "is there any".
+// each byte that passes, possibly also of bytes behind the first that does: good for "is there any" and "which first".
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -11,23 +12,26 @@ namespace ostrand {
 inline constexpr uint64_t kEachByte = 0x0101010101010101ull;
 inline constexpr uint64_t kEachTop = 0x80 * kEachByte;
 
-inline uint64_t LoadWord(const char* p)
+/// The first byte in the lowest place, whatever the machine.
+template <class Word>
+Word Load(const char* p)
 {
-    uint64_t word = 0;
-    std::memcpy(&word, p, sizeof word);
+    Word word = 0;
+    if constexpr (std::endian::native == std::endian::little)
+        std::memcpy(&word, p, sizeof word);
+    else
+        for (size_t i = 0; i < sizeof word; ++i)
+            word |= static_cast<Word>(static_cast<unsigned char>(p[i])) << 8 * i;
     return word;
 }
+
+inline uint64_t LoadWord(const char* p) { return Load<uint64_t>(p); }
 
 /// `size` bytes, 1 to 7, as one word; some stand in it twice, and none but those and zeros.
 inline uint64_t LoadTail(const char* p, size_t size)
 {
-    if (size >= 4) {
-        uint32_t low = 0;
-        uint32_t high = 0;
-        std::memcpy(&low, p, 4);
-        std::memcpy(&high, p + size - 4, 4);
-        return low | static_cast<uint64_t>(high) << 32;
-    }
+    if (size >= 4)
+        return Load<uint32_t>(p) | static_cast<uint64_t>(Load<uint32_t>(p + size - 4)) << 32;
     const auto byte = [p](size_t i) { return static_cast<uint64_t>(static_cast<unsigned char>(p[i])); };
     return byte(0) | byte(size / 2) << 8 | byte(size - 1) << 16;
 }
@@ -42,6 +46,19 @@ inline uint64_t TestEqual(uint64_t word, char c)
 inline uint64_t TestBelow(uint64_t word, unsigned char limit) { return (word - limit * kEachByte) & ~word & kEachTop; }
 
 inline uint64_t TestNonAscii(uint64_t word) { return word & kEachTop; }
+
+/// Which byte passed first; `passed` isn't 0.
+inline size_t FirstOf(uint64_t passed) { return static_cast<size_t>(std::countr_zero(passed)) / 8; }
+
+/// The first line feed, or `end`. Made for lines of settings, whose values are a few bytes long.
+inline const char* FindFeed(const char* p, const char* end)
+{
+    for (int i = 0; i < 2 && end - p >= 8; ++i, p += 8)
+        if (const uint64_t feeds = TestEqual(LoadWord(p), '\n'); feeds != 0)
+            return p + FirstOf(feeds);
+    const void* const feed = p == end ? nullptr : std::memchr(p, '\n', static_cast<size_t>(end - p));
+    return feed ? static_cast<const char*>(feed) : end;
+}
 
 /// Whether `test` passes no byte.
 template <class Test>

@@ -1,6 +1,7 @@
 #include "stores/file_check.h"
 
 #include "core/fold.h"
+#include "stores/damage_scan.h"
 #include "stores/file_format.h"
 
 #include <algorithm>
@@ -19,35 +20,37 @@ struct LessNoCase {
     }
 };
 
-bool IsConflictMark(std::string_view line)
-{
-    return line == "=======" || line.starts_with("<<<<<<< ") || line.starts_with(">>>>>>> ") ||
-           line.starts_with("||||||| ");
-}
-
 bool IsSilent(std::string_view line)
 {
     const size_t first = line.find_first_not_of(" \t");
     return first == std::string_view::npos || line[first] == ';' || line[first] == '#';
 }
 
-/// The fault of one line by itself; `name` is that of its value, also of one whose value is broken.
+} // namespace
+
+bool IsDamage(FileFaultKind kind)
+{
+    return kind == FileFaultKind::ZeroByte || kind == FileFaultKind::InvalidUtf8 ||
+           kind == FileFaultKind::ConflictMark || kind == FileFaultKind::CutLine;
+}
+
 std::optional<FileFaultKind> CheckLine(std::string_view line, std::u16string& name)
 {
+    const bool hasEnd = line.ends_with('\n');
+    line.remove_suffix(hasEnd);
+    line.remove_suffix(line.ends_with('\r'));
     VUnicodeString decoded;
     if (line.find('\0') != std::string_view::npos)
         return FileFaultKind::ZeroByte;
     if (!FromUtf8(line, decoded))
         return FileFaultKind::InvalidUtf8;
-    if (IsConflictMark(line))
+    if (IsMergeMark(line))
         return FileFaultKind::ConflictMark;
     ValueParts parts;
     if (IsSilent(line) || (CutLine(line, parts) && DecodeName(parts.name, name) && KindOfValue(parts.value)))
         return std::nullopt;
-    return FileFaultKind::Unparseable;
+    return hasEnd ? FileFaultKind::Unparseable : FileFaultKind::CutLine;
 }
-
-} // namespace
 
 std::vector<FileFault> CheckText(std::string_view text)
 {
@@ -59,11 +62,8 @@ std::vector<FileFault> CheckText(std::string_view text)
     size_t number = 0;
     while (!text.empty()) {
         ++number;
-        const size_t feed = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, feed);
-        text.remove_prefix(std::min(feed + 1, text.size()));
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
+        const std::string_view line = text.substr(0, std::min(text.find('\n'), text.size() - 1) + 1);
+        text.remove_prefix(line.size());
         std::u16string name;
         ValueParts parts;
         if (const auto kind = CheckLine(line, name))
@@ -75,7 +75,7 @@ std::vector<FileFault> CheckText(std::string_view text)
             }
     }
     std::sort(faults.begin(), faults.end(), [](const FileFault& a, const FileFault& b) { return a.line < b.line; });
-    if (isCut)
+    if (isCut && (faults.empty() || faults.back().kind != FileFaultKind::CutLine))
         faults.push_back({FileFaultKind::NoLastLineEnd, std::max<size_t>(number, 1), {}});
     return faults;
 }
@@ -94,9 +94,11 @@ const char16_t* DescribeFault(FileFaultKind kind)
     case FileFaultKind::ConflictMark:
         return u"is a conflict mark of a merging tool";
     case FileFaultKind::NoLastLineEnd:
+        return u"has no line end, and may have been cut";
+    case FileFaultKind::CutLine:
         break;
     }
-    return u"has no line end, and may have been cut";
+    return u"was cut in its midst";
 }
 
 } // namespace ostrand

@@ -4,6 +4,7 @@
 #include "platform/export.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +18,11 @@ enum class FileFaultKind {
     InvalidUtf8,
     ConflictMark,  ///< left by a tool that merges texts
     NoLastLineEnd, ///< the last line may have been cut
+    CutLine,       ///< the last line was cut: it has no end, and is neither a comment nor a whole value
 };
+
+/// Whether no save and no person's edit leaves such a line. The other kinds stay as they are in a repair.
+OSTRAND_API bool IsDamage(FileFaultKind kind);
 
 struct FileFault {
     FileFaultKind kind;
@@ -26,7 +31,12 @@ struct FileFault {
     bool operator==(const FileFault&) const = default;
 };
 
-/// All faults in the order of their lines; for each line the gravest, and for the last one its missing end besides.
+/// The fault of one line by itself, given with its line end. `name` is that of its value, also of one whose value is
+/// broken, and untouched where the line has none.
+std::optional<FileFaultKind> CheckLine(std::string_view line, std::u16string& name);
+
+/// All faults in the order of their lines; for each line the gravest, and for a last one that isn't cut its missing end
+/// besides.
 OSTRAND_API std::vector<FileFault> CheckText(std::string_view text);
 
 /// A half sentence: "doesn't parse, and reads as missing".

@@ -2,6 +2,7 @@
 
 #include "core/fold.h"
 #include "stores/file_render.h"
+#include "stores/name_scan.h"
 
 #include <algorithm>
 
@@ -9,72 +10,20 @@ namespace ostrand {
 
 namespace {
 
-constexpr size_t kLargestByte = 255;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-/// ASCII that stands for itself: no quote, no control.
-bool IsPlainName(std::string_view name)
-{
-    return HasNone(name.data(), name.size(),
-                   [](uint64_t word) { return TestNonAscii(word) | TestBelow(word, 0x20) | TestEqual(word, '"'); });
-}
-
-char16_t FoldAscii(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c | 0x20) : c; }
-
-bool EqualPlain(std::string_view plain, const char16_t* name)
-{
-    for (const char c : plain)
-        if (FoldAscii(*name++) != FoldAscii(static_cast<unsigned char>(c)))
-            return false;
-    return *name == 0;
-}
 
 } // namespace
 
-FileDocument::FileDocument(std::string text) : m_text(std::move(text)) { BuildIndex(); }
-
-void FileDocument::BuildIndex()
+void FileDocument::CutNow() const
 {
-    constexpr size_t kTypicalLine = 36;
-    const char* p = m_text.data();
-    const char* const end = p + m_text.size();
-    if (m_text.starts_with(kByteOrderMark))
-        p += kByteOrderMark.size();
+    NameLayout::Places places;
     std::vector<uint64_t> hashes;
-    hashes.reserve(m_text.size() / kTypicalLine + 8);
-    m_entries.reserve(hashes.capacity());
-    m_nameSizes.reserve(hashes.capacity());
-    while (p < end) {
-        const auto* const feed = static_cast<const char*>(std::memchr(p, '\n', static_cast<size_t>(end - p)));
-        const char* const lineEnd = feed ? feed : end;
-        AddLine({p, static_cast<size_t>(lineEnd - p)}, hashes);
-        p = feed ? feed + 1 : end;
+    m_layout = m_pool ? m_pool->Cut(m_text, places) : std::make_shared<NameLayout>(m_text, places, hashes);
+    m_entries = EntryList(places);
+    if (std::exchange(m_wasScannedRead, false)) {
+        const auto entry = std::lower_bound(places.begin(), places.end(), m_scannedPlace) - places.begin();
+        MarkRead(static_cast<size_t>(entry));
     }
-    m_index.Reset(m_entries.size());
-    for (size_t i = 0; i < m_entries.size(); ++i) {
-        const auto same = [&](size_t j) { return hashes[j] == hashes[i] && AreNamesEqual(j, i); };
-        if (const size_t earlier = m_index.Put(hashes[i], i, same); earlier != kNone)
-            m_entries[earlier] |= kSuperseded;
-    }
-}
-
-void FileDocument::AddLine(std::string_view line, std::vector<uint64_t>& hashes)
-{
-    ValueParts parts;
-    if (!CutLine(line, parts))
-        return;
-    auto entry = static_cast<Entry>(parts.name.data() - m_text.data());
-    if (IsPlainName(parts.name)) {
-        hashes.push_back(HashAsciiNoCase(parts.name));
-    } else {
-        std::u16string name;
-        if (!DecodeName(parts.name, name))
-            return;
-        entry |= kComplex;
-        hashes.push_back(HashName(name));
-    }
-    m_entries.push_back(entry);
-    m_nameSizes.push_back(static_cast<uint8_t>(parts.name.size() <= kLargestByte ? parts.name.size() : 0));
 }
 
 ValueParts FileDocument::CutParts(const char* name) const
@@ -87,20 +36,66 @@ ValueParts FileDocument::CutParts(const char* name) const
 std::u16string FileDocument::NameAt(size_t entry) const
 {
     std::u16string name;
-    DecodeName(PartsAt(entry).name, name);
+    DecodeName(CutParts(NameStart(entry)).name, name);
     return name;
 }
 
-bool FileDocument::IsNamed(size_t entry, const char16_t* name) const
+uint64_t FileDocument::HashOf(size_t entry) const
 {
-    return m_entries[entry] & kComplex ? EqualNoCase(NameAt(entry), name) : EqualPlain(PartsAt(entry).name, name);
+    if (entry != kScanned && m_layout->IsShared())
+        return m_layout->HashOf(entry);
+    const char* const start = NameStart(entry);
+    const char* const lineEnd = FindFeed(start, m_text.data() + m_text.size());
+    const LineName name = NameOfLine({start, static_cast<size_t>(lineEnd - start)});
+    return name.isComplex ? HashName(name.decoded) : HashAsciiNoCase(name.spelled);
 }
 
-bool FileDocument::AreNamesEqual(size_t a, size_t b) const { return EqualNoCase(NameAt(a), NameAt(b)); }
+bool FileDocument::HasRead(size_t count) const
+{
+    for (size_t i = 0; i < m_entries.Count() && count > 0; ++i)
+        count -= m_entries.WasRead(i);
+    return count == 0;
+}
+
+bool FileDocument::IsNamed(size_t entry, const AskedName& name) const
+{
+    return m_layout->IsComplex(entry) ? EqualNoCase(NameAt(entry), name.View()) : name.IsPlain(PartsAt(entry).name);
+}
+
+bool FileDocument::FindUncut(const AskedName& name, Found& found) const
+{
+    constexpr size_t kFew = 512; // bytes that are cut at once
+    constexpr unsigned kMostUncutFinds = 5;
+    if (IsCut() || !name.IsAscii() || name.View().empty() || m_text.size() < kFew)
+        return false;
+    if (m_uncutFinds++ > 0) {
+        const bool isKnown = m_scannedPlace != kNoPlace && name.IsPlain(CutParts(NameStart(kScanned)).name);
+        if (!isKnown || m_uncutFinds > kMostUncutFinds)
+            return false;
+    } else {
+        // Who asks for the first value will go on with the second.
+        const std::string_view lines = SkipByteOrderMark(m_text);
+        if (name.IsPlain(NameOfLine(lines.substr(0, lines.find('\n'))).spelled))
+            return false;
+        const ScanResult result = ScanForName(m_text, name, m_scannedPlace);
+        if (result != ScanResult::One)
+            return result == ScanResult::None;
+    }
+    found = {kScanned, ValueAt(kScanned)};
+    return true;
+}
 
 FileDocument::Found FileDocument::FindAnywhere(const char16_t* name, size_t& next) const
 {
-    const size_t entry = m_index.Find(HashName(name), [&](size_t i) { return IsNamed(i, name); });
+    const AskedName asked(name);
+    Found found;
+    if (FindUncut(asked, found))
+        return found;
+    Cut();
+    const auto same = [&](size_t i) {
+        return (!m_layout->IsShared() || m_layout->HashOf(i) == asked.Hash()) && IsNamed(i, asked);
+    };
+    const size_t entry = m_layout->Find(asked.Hash(), same);
     if (entry == kNone)
         return {};
     next = entry + 1;
@@ -109,8 +104,11 @@ FileDocument::Found FileDocument::FindAnywhere(const char16_t* name, size_t& nex
 
 FileDocument::Found FileDocument::FindBefore(size_t entry, const char16_t* name) const
 {
+    if (entry == kScanned) // there is but one
+        return {};
+    const AskedName asked(name);
     while (entry-- > 0)
-        if (!IsLast(entry) && IsNamed(entry, name))
+        if (!IsLast(entry) && IsNamed(entry, asked))
             return {entry, ValueAt(entry)};
     return {};
 }
@@ -131,7 +129,7 @@ size_t FileDocument::LineOf(size_t entry) const
 
 FileDocument::Replacement FileDocument::LineRange(size_t entry) const
 {
-    const size_t place = m_entries[entry] & kPlace;
+    const auto place = static_cast<size_t>(NameStart(entry) - m_text.data());
     const size_t feedBefore = place == 0 ? std::string::npos : m_text.rfind('\n', place - 1);
     size_t from = feedBefore + 1;
     if (from == 0 && m_text.starts_with(kByteOrderMark))

@@ -68,26 +68,29 @@ bool TakeDigits(const char* p, const char* end, unsigned& out)
 
 bool TakeDword(std::string_view from, unsigned& out)
 {
+    if (TakeShortDword(from, out))
+        return true;
     const char* const p = from.data();
     const char* const end = p + from.size();
     const bool isHex = from.size() > 2 && p[0] == '0' && (p[1] == 'x' || p[1] == 'X');
     return isHex ? TakeDigits<16>(p + 2, end, out) : TakeDigits<10>(p, end, out);
 }
 
-/// Whether the bytes stand for themselves, one UTF-16 unit each: ASCII without controls and backslashes.
-bool IsPlain(const char* p, size_t size)
-{
-    return HasNone(p, size,
-                   [](uint64_t word) { return TestNonAscii(word) | TestBelow(word, 0x20) | TestEqual(word, '\\'); });
-}
-
+/// Eight units at a time, the last eight perhaps twice.
 void Widen(const char* p, size_t size, char16_t* to)
 {
-    for (; size >= 8; size -= 8, p += 8, to += 8)
+    const auto widenEight = [](const char* from, char16_t* units) {
         for (size_t i = 0; i < 8; ++i)
+            units[i] = static_cast<unsigned char>(from[i]);
+    };
+    if (size < 8) {
+        for (size_t i = 0; i < size; ++i)
             to[i] = static_cast<unsigned char>(p[i]);
-    for (size_t i = 0; i < size; ++i)
-        to[i] = static_cast<unsigned char>(p[i]);
+        return;
+    }
+    for (size_t i = 0; i + 8 < size; i += 8)
+        widenEight(p + i, to + i);
+    widenEight(p + size - 8, to + size - 8);
 }
 
 /// One escape behind its backslash; answers the place behind it, null for none that the grammar knows.
@@ -117,6 +120,15 @@ const char* TakeEscape(const char* p, const char* end, char16_t& unit)
 char16_t* DecodeInside(const char* p, const char* end, char16_t* to)
 {
     while (p < end) {
+        if (end - p >= 8) {
+            const uint64_t specials = TestSpecial(LoadWord(p));
+            const size_t plain = specials == 0 ? 8 : FirstOf(specials);
+            Widen(p, 8, to);
+            p += plain;
+            to += plain;
+            if (plain == 8)
+                continue;
+        }
         const auto c = static_cast<unsigned char>(*p);
         if (c == '\\') {
             p = TakeEscape(p + 1, end, *to++);
@@ -156,59 +168,92 @@ bool WithDecoded(std::string_view inside, Take take)
     return behind != nullptr;
 }
 
-/// A text with its quotes, as SizeOfQuoted measured it.
+VUnicodeString Widened(std::string_view plain)
+{
+    char16_t* characters = nullptr;
+    VUnicodeString text = VUnicodeString::WithLength(plain.size(), characters);
+    Widen(plain.data(), plain.size(), characters);
+    return text;
+}
+
+std::string_view Inside(std::string_view quoted) { return quoted.substr(1, quoted.size() - 2); }
+
 bool DecodeQuoted(std::string_view quoted, VUnicodeString& out)
 {
-    const std::string_view inside = quoted.substr(1, quoted.size() - 2);
-    if (!IsPlain(inside.data(), inside.size()))
-        return WithDecoded(inside, [&out](std::u16string_view text) { out = VUnicodeString(text); });
-    char16_t* characters = nullptr;
-    VUnicodeString text = VUnicodeString::WithLength(inside.size(), characters);
-    Widen(inside.data(), inside.size(), characters);
-    out = std::move(text);
-    return true;
+    return WithDecoded(Inside(quoted), [&out](std::u16string_view text) { out = VUnicodeString(text); });
 }
 
 bool TakeText(std::string_view from, VUnicodeString& out)
 {
+    const char* const end = from.data() + from.size();
+    if (const size_t size = SizeOfPlain(from); size > 0 && EndsLine(from.data() + size, end)) {
+        out = Widened(Inside(from.substr(0, size)));
+        return true;
+    }
     const size_t size = SizeOfQuoted(from);
-    return size > 0 && EndsLine(from.data() + size, from.data() + from.size()) &&
-           DecodeQuoted(from.substr(0, size), out);
+    return size > 0 && EndsLine(from.data() + size, end) && DecodeQuoted(from.substr(0, size), out);
 }
 
-bool TakeList(std::string_view from, VStringArray& out)
+/// Whether the quotes hold a text that can be decoded. Answers its bytes, 0 where they don't.
+size_t CheckQuoted(std::string_view from)
+{
+    if (const size_t size = SizeOfPlain(from); size > 0)
+        return size;
+    const size_t size = SizeOfQuoted(from);
+    return size > 0 && WithDecoded(Inside(from.substr(0, size)), [](std::u16string_view) {}) ? size : 0;
+}
+
+/// Walks over a list; `take` answers the bytes of the text at the front of what it is given, 0 for none.
+template <class Take>
+bool WalkList(std::string_view from, Take take)
 {
     const char* const end = from.data() + from.size();
     if (from.empty() || from[0] != '[')
         return false;
-    VStringArray list(8);
     const char* p = SkipBlanks(from.data() + 1, end);
     const bool isEmpty = p < end && *p == ']';
     while (!isEmpty) {
-        VUnicodeString text;
-        const size_t taken = TakeQuoted({p, static_cast<size_t>(end - p)}, text);
+        const size_t taken = take(std::string_view(p, static_cast<size_t>(end - p)));
         if (taken == 0)
             return false;
-        list.Append(std::move(text));
         p = SkipBlanks(p + taken, end);
         if (p == end || *p != ',')
             break;
         p = SkipBlanks(p + 1, end);
     }
-    if (p == end || *p != ']' || !EndsLine(p + 1, end))
+    return p < end && *p == ']' && EndsLine(p + 1, end);
+}
+
+bool TakeList(std::string_view from, VStringArray& out)
+{
+    VStringArray list(8);
+    const auto take = [&list](std::string_view item) {
+        VUnicodeString text;
+        const size_t taken = TakeQuoted(item, text);
+        if (taken > 0)
+            list.Append(std::move(text));
+        return taken;
+    };
+    if (!WalkList(from, take))
         return false;
     out = std::move(list);
     return true;
 }
 
-/// Whether all eight bytes are hexadecimal digits.
-bool AreHexDigits(uint64_t word)
+constexpr size_t kDigitStride = 16;
+
+/// Whether all of kDigitStride bytes are hexadecimal digits. A loop of a constant count without branches, which
+/// compilers turn into vector code.
+bool AreHexDigits(const char* p)
 {
-    const auto isFrom = [](uint64_t bytes, char c) { return bytes + static_cast<uint64_t>(0x80 - c) * kEachByte; };
-    const uint64_t small = word | 0x20 * kEachByte;
-    const uint64_t digits = isFrom(word, '0') & ~isFrom(word, '9' + 1);
-    const uint64_t letters = isFrom(small, 'a') & ~isFrom(small, 'f' + 1);
-    return (word & kEachTop) == 0 && ((digits | letters) & kEachTop) == kEachTop;
+    uint8_t others = 0;
+    for (size_t i = 0; i < kDigitStride; ++i) {
+        const auto c = static_cast<uint8_t>(p[i]);
+        const uint8_t isDigit = static_cast<uint8_t>(c - '0') < 10 ? 0xFF : 0;
+        const uint8_t isLetter = static_cast<uint8_t>((c | 0x20) - 'a') < 6 ? 0xFF : 0;
+        others = static_cast<uint8_t>(others | ~(isDigit | isLetter));
+    }
+    return others == 0;
 }
 
 bool TakeBlock(std::string_view from, std::string_view& digits)
@@ -218,8 +263,8 @@ bool TakeBlock(std::string_view from, std::string_view& digits)
     const char* const end = from.data() + from.size();
     const char* const first = from.data() + kBlock.size();
     const char* p = first;
-    while (end - p >= 8 && AreHexDigits(LoadWord(p)))
-        p += 8;
+    while (static_cast<size_t>(end - p) >= kDigitStride && AreHexDigits(p))
+        p += kDigitStride;
     while (p < end && HexDigit(*p) != kNoDigit)
         ++p;
     const auto size = static_cast<size_t>(p - first);
@@ -227,6 +272,13 @@ bool TakeBlock(std::string_view from, std::string_view& digits)
         return false;
     digits = {first, size};
     return true;
+}
+
+/// ASCII that stands for itself: no quote, no control.
+bool IsPlainName(std::string_view name)
+{
+    return HasNone(name.data(), name.size(),
+                   [](uint64_t word) { return TestNonAscii(word) | TestBelow(word, 0x20) | TestEqual(word, '"'); });
 }
 
 /// A value of a kind that only a later version knows.
@@ -252,6 +304,10 @@ ReadOutcome OtherOutcome(std::string_view from)
 
 size_t TakeQuoted(std::string_view from, VUnicodeString& out)
 {
+    if (const size_t size = SizeOfPlain(from); size > 0) {
+        out = Widened(Inside(from.substr(0, size)));
+        return size;
+    }
     const size_t size = SizeOfQuoted(from);
     return size > 0 && DecodeQuoted(from.substr(0, size), out) ? size : 0;
 }
@@ -277,7 +333,7 @@ size_t SizeOfQuoted(std::string_view from)
     return 0;
 }
 
-ReadOutcome ParseDword(std::string_view from, unsigned& out)
+ReadOutcome ParseAnyDword(std::string_view from, unsigned& out)
 {
     return TakeDword(from, out) ? ReadOutcome::Good : OtherOutcome(from);
 }
@@ -318,16 +374,14 @@ void DecodeBlock(std::string_view digits, void* bytes)
 std::optional<VProfileValueType> KindOfValue(std::string_view from)
 {
     unsigned number = 0;
-    VUnicodeString text;
-    VStringArray list;
     std::string_view digits;
     if (TakeDword(from, number))
         return VProfileValueType::Dword;
-    if (TakeText(from, text))
+    if (const size_t size = CheckQuoted(from); size > 0 && EndsLine(from.data() + size, from.data() + from.size()))
         return VProfileValueType::String;
     if (TakeBlock(from, digits))
         return VProfileValueType::Binary;
-    if (TakeList(from, list))
+    if (WalkList(from, CheckQuoted))
         return VProfileValueType::MultiSz;
     if (IsOther(from))
         return VProfileValueType::Other;
@@ -373,11 +427,22 @@ bool CutLine(std::string_view from, ValueParts& parts)
     return true;
 }
 
+LineName NameOfLine(std::string_view line)
+{
+    LineName name;
+    ValueParts parts;
+    if (!CutLine(line, parts))
+        return name;
+    name.isComplex = !IsPlainName(parts.name);
+    if (!name.isComplex || DecodeName(parts.name, name.decoded))
+        name.spelled = parts.name;
+    return name;
+}
+
 bool DecodeName(std::string_view spelled, std::u16string& name)
 {
     if (spelled.starts_with('"')) {
-        const std::string_view inside = spelled.substr(1, spelled.size() - 2);
-        return WithDecoded(inside, [&name](std::u16string_view text) { name = text; });
+        return WithDecoded(Inside(spelled), [&name](std::u16string_view text) { name = text; });
     }
     VUnicodeString text;
     if (std::any_of(spelled.begin(), spelled.end(), IsControl) || spelled.find('"') != std::string_view::npos ||

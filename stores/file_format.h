@@ -20,6 +20,7 @@
 #include "core/array.h"
 #include "core/strings.h"
 #include "profile/backend.h"
+#include "stores/byte_words.h"
 
 #include <optional>
 #include <string>
@@ -27,12 +28,40 @@
 
 namespace ostrand {
 
+inline std::string_view SkipByteOrderMark(std::string_view text)
+{
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
+}
+
 /// What a reader found where it looked for a value of its kind.
 enum class ReadOutcome { Good, OtherKind, Broken };
 
+/// At most eight decimal digits with a line feed behind them, without a loop: most numbers are of that kind.
+inline bool TakeShortDword(std::string_view from, unsigned& out)
+{
+    if (from.size() < 9)
+        return false;
+    const uint64_t numbers = LoadWord(from.data()) ^ '0' * kEachByte;
+    const uint64_t others = (((numbers & ~kEachTop) + (0x80 - 10) * kEachByte) | numbers) & kEachTop;
+    const size_t size = others == 0 ? 8 : FirstOf(others);
+    if (size == 0 || from[size] != '\n')
+        return false;
+    // The digits move up, with zeros below, before them; then neighbours become numbers of two, four, eight digits.
+    uint64_t n = numbers << 8 * (8 - size);
+    n = n * 10 + (n >> 8);
+    n = ((n & 0x000000FF000000FF) * 0x000F424000000064 + ((n >> 16) & 0x000000FF000000FF) * 0x0000271000000001) >> 32;
+    out = static_cast<unsigned>(n);
+    return true;
+}
+
 // Readers take the text from the value's first byte on; it may go on behind the value's line. `out` is untouched unless
 // the outcome is Good.
-ReadOutcome ParseDword(std::string_view from, unsigned& out);
+ReadOutcome ParseAnyDword(std::string_view from, unsigned& out);
+inline ReadOutcome ParseDword(std::string_view from, unsigned& out)
+{
+    return TakeShortDword(from, out) ? ReadOutcome::Good : ParseAnyDword(from, out);
+}
 ReadOutcome ParseText(std::string_view from, VUnicodeString& out);
 ReadOutcome ParseList(std::string_view from, VStringArray& out);
 /// `digits`: the pairs of a valid block.
@@ -44,6 +73,27 @@ void DecodeBlock(std::string_view digits, void* bytes);
 size_t TakeQuoted(std::string_view from, VUnicodeString& out);
 /// The same without a look at the text, which may be broken, or even go on in the next line.
 size_t SizeOfQuoted(std::string_view from);
+/// Bytes of a text that don't stand for themselves, one UTF-16 unit each. DEL isn't among those that do, either: it is
+/// written as an escape.
+inline uint64_t TestSpecial(uint64_t word)
+{
+    return TestNonAscii(word | (word + kEachByte)) | TestBelow(word, 0x20) | TestEqual(word, '\\') |
+           TestEqual(word, '"');
+}
+/// Bytes of a text in quotes that stands for itself: ASCII without controls and escapes, so each byte is one UTF-16
+/// unit. 0 for any other, and for some near the end of `from`.
+inline size_t SizeOfPlain(std::string_view from)
+{
+    if (!from.starts_with('"'))
+        return 0;
+    const char* const end = from.data() + from.size();
+    for (const char* p = from.data() + 1; end - p >= 8; p += 8)
+        if (const uint64_t specials = TestSpecial(LoadWord(p)); specials != 0) {
+            p += FirstOf(specials);
+            return *p == '"' ? static_cast<size_t>(p + 1 - from.data()) : 0;
+        }
+    return 0;
+}
 
 /// The kind of a whole value; none for a broken one.
 std::optional<VProfileValueType> KindOfValue(std::string_view from);
@@ -61,5 +111,14 @@ struct ValueParts {
 bool CutLine(std::string_view from, ValueParts& parts);
 /// A name as spelled in a line; false for bad escapes, controls or bytes that are no UTF-8.
 bool DecodeName(std::string_view spelled, std::u16string& name);
+
+/// The name of a line.
+struct LineName {
+    std::string_view spelled; ///< empty for a line without one
+    bool isComplex = false;   ///< has quotes or isn't plain ASCII
+    std::u16string decoded;   ///< what a complex one stands for
+};
+/// `line` comes without its line feed.
+LineName NameOfLine(std::string_view line);
 
 } // namespace ostrand

@@ -11,6 +11,12 @@ namespace {
 
 constexpr char kHexDigits[] = "0123456789ABCDEF";
 
+/// Whether a character stands for itself in either direction, whatever stands before and behind it.
+constexpr bool IsOrdinary(char32_t c, bool isLast)
+{
+    return c >= U' ' && c < 0x7F && c != U'%' && c != U'.' && c != U'/' && c != U'\\' && (c != U' ' || !isLast);
+}
+
 void PutEscaped(std::string_view bytes, std::string& out)
 {
     for (const char c : bytes) {
@@ -73,7 +79,17 @@ std::string EncodeKeyName(std::u16string_view name)
 {
     std::string out;
     out.reserve(name.size() + kValuesSuffix.size());
+    AppendKeyName(name, out);
+    return out;
+}
+
+void AppendKeyName(std::u16string_view name, std::string& out)
+{
     for (size_t i = 0; i < name.size();) {
+        if (IsOrdinary(name[i], i + 1 == name.size())) {
+            out.push_back(static_cast<char>(name[i++]));
+            continue;
+        }
         const size_t first = i;
         const char32_t c = TakeUtf16(name, i);
         std::string bytes;
@@ -83,12 +99,17 @@ std::string EncodeKeyName(std::u16string_view name)
         else
             out += bytes;
     }
-    return out;
 }
 
 bool DecodeKeyName(std::string_view file, std::u16string& name)
 {
     std::string bytes;
+    name.assign(file.begin(), file.end());
+    size_t plain = 0;
+    while (plain < file.size() && IsOrdinary(static_cast<unsigned char>(file[plain]), plain + 1 == file.size()))
+        ++plain;
+    if (plain == file.size() && plain > 0)
+        return true;
     name.clear();
     // A backslash parts levels: a file with one in its name can't be asked for.
     if (file.empty() || file.find('\\') != std::string_view::npos || !Unescape(file, bytes))

@@ -14,12 +14,15 @@ inline constexpr std::string_view kValuesSuffix = ".ini";
 inline constexpr std::string_view kRootValuesFile = "%root.ini";
 inline constexpr std::string_view kLockFile = "%lock";
 inline constexpr std::string_view kTemporaryPrefix = "%tmp-";
+inline constexpr std::string_view kJournalFile = "%journal";
 
 /// Bytes of the longest file name that common file systems take, the suffix included.
 inline constexpr size_t kLongestFileName = 255;
 
 /// Without the suffix. Any name but the empty one has a file name; it may be too long.
 std::string EncodeKeyName(std::u16string_view name);
+/// The same behind what stands in `out`.
+void AppendKeyName(std::u16string_view name, std::string& out);
 /// False for a file that no key's name gives; such files are left alone.
 bool DecodeKeyName(std::string_view file, std::u16string& name);
 

@@ -10,6 +10,9 @@
 #include "stores/value_bases.h"
 #include "stores/write_queue.h"
 
+#include <atomic>
+#include <memory>
+#include <optional>
 #include <string>
 
 namespace ostrand {
@@ -18,18 +21,27 @@ namespace ostrand {
 /// bases, stay.
 class FileNode {
 public:
-    /// `file` holds the values, `folder` the subkeys; either may be missing on the disk.
-    FileNode(std::string folder, std::string file) : m_folder(std::move(folder)), m_file(std::move(file)) {}
+    /// `folder` holds the subkeys, the file of its name with `ending` the values; either may be missing on the disk.
+    /// `ending` and the pool of layouts, if any, must live as long as the node and its documents.
+    FileNode(std::string_view folder, std::string_view ending, LayoutPool* pool)
+        : m_folder(folder),
+          m_ending(ending),
+          m_pool(pool)
+    {
+    }
 
     const std::string& Folder() const { return m_folder; }
-    const std::string& File() const { return m_file; }
+    std::string File() const { return m_folder + std::string(m_ending); }
 
     /// Takes the file's bytes as they are now on the disk.
     void TakeText(std::string text);
-    /// Reads the file; a missing one is an empty one. Due where the node is stale.
-    unsigned Load(IFiles& files);
+    /// Whether the file has to be read.
     bool IsStale() const { return m_isStale; }
-    void MarkStale() { m_isStale = true; }
+    void MarkStale()
+    {
+        m_isStale = true;
+        m_open.store(nullptr, std::memory_order_release);
+    }
     /// Gives the document's memory back; keeps the bases of what was read. For nodes without handles.
     void LetGo();
     /// The key was deleted: nothing is left of it, and nothing of it will be written.
@@ -39,7 +51,7 @@ public:
     /// Whether nothing would be lost with this object.
     bool IsIdle() const
     {
-        return handles == 0 && closings == 0 && m_queue.IsEmpty() && m_bases.IsEmpty() && !syncsFolder;
+        return handles == 0 && closings == 0 && m_queue.IsEmpty() && m_bases.IsEmpty() && !m_queueBefore;
     }
 
     /// Finds the value and hands it to `read`, which answers a ReadOutcome for the text from the value's first byte on.
@@ -54,19 +66,33 @@ public:
     /// Line of the value in the file, from 1; 0 for one that doesn't stand there.
     size_t LineOf(const char16_t* name) const;
 
-    const FileDocument& Document() const { return m_document; }
+    const FileDocument& Document() const { return *m_document; }
+    /// The document if it tells all by itself: loaded, cut, and with nothing queued; else null. As long as IsOpen says
+    /// that it still does, any thread may read from it without the mutex.
+    std::shared_ptr<const FileDocument> OpenDocument();
+    bool IsOpen(const FileDocument* document) const
+    {
+        return document && m_open.load(std::memory_order_acquire) == document;
+    }
+    /// To be called with each document that OpenDocument gave, when its reader goes on to another one: what was read
+    /// after the node had left it.
+    void TakeLateReads(const FileDocument& document);
     const WriteQueue& Queue() const { return m_queue; }
     /// Moves what the document's marks tell into the bases, and gives those.
     ValueBases& SettledBases();
     /// What was queued stands in the file, whose bytes are these.
     void TakeSaved(std::string text);
 
+    /// Keeps what is queued now, for a roll-back.
+    void BeginTransaction() { m_queueBefore = m_queue.Copy(); }
+    bool IsInTransaction() const { return m_queueBefore.has_value(); }
+    void EndTransaction() { m_queueBefore.reset(); }
+    void RollBack() { m_queue = std::move(*m_queueBefore); }
+
     int handles = 0;
     /// Times that the node waits in its tree's list of closed ones, and the bytes that it counts with there.
     int closings = 0;
     size_t closedBytes = 0;
-    /// A save replaced the file, but its folder could not be synced; the next one does it again.
-    bool syncsFolder = false;
 
 private:
     static unsigned CodeOf(ReadOutcome outcome)
@@ -74,14 +100,19 @@ private:
         return outcome == ReadOutcome::Good ? kErrorSuccess : kErrorUnsupportedType;
     }
 
+    static const std::shared_ptr<const FileDocument>& NoDocument();
     /// What a reader would see: a queued value's text or one in the document. Empty for none.
     std::string_view Look(const char16_t* name, FileDocument::Found& found) const;
+    void Replace(std::string text);
 
     std::string m_folder;
-    std::string m_file;
-    FileDocument m_document;
+    std::string_view m_ending;
+    LayoutPool* m_pool;
+    std::shared_ptr<const FileDocument> m_document = NoDocument();
+    std::atomic<const FileDocument*> m_open = nullptr;
     WriteQueue m_queue;
-    ValueBases m_bases; // an entry's mark in the document goes before these
+    std::optional<WriteQueue> m_queueBefore; // the transaction that the node is in
+    ValueBases m_bases;                      // an entry's mark in the document goes before these
     bool m_isStale = true;
     bool m_isDeleted = false;
 };
@@ -92,14 +123,14 @@ unsigned FileNode::Read(const char16_t* name, size_t& next, Reader read)
     if (!m_queue.IsEmpty())
         if (const QueuedValue* const queued = m_queue.Find(name))
             return queued->isDeleted ? kErrorFileNotFound : CodeOf(read(queued->text));
-    FileDocument::Found found = m_document.Find(name, next);
+    FileDocument::Found found = m_document->Find(name, next);
     while (found) {
         const ReadOutcome outcome = read(found.value);
         if (outcome != ReadOutcome::Broken) {
-            m_document.MarkRead(found.entry);
+            m_document->MarkRead(found.entry);
             return CodeOf(outcome);
         }
-        found = m_document.FindBefore(found.entry, name);
+        found = m_document->FindBefore(found.entry, name);
     }
     m_bases.Set(HashName(name), ValueBases::kNoValue);
     return kErrorFileNotFound;

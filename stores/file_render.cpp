@@ -1,8 +1,6 @@
 #include "stores/file_render.h"
 
 #include "core/utf8.h"
-#include "stores/file_format.h"
-#include "stores/name_index.h"
 
 #include <algorithm>
 #include <charconv>
@@ -54,7 +52,6 @@ bool CanStandBare(std::u16string_view name)
     return true;
 }
 
-constexpr uint64_t kDwordSeed = 1;
 constexpr uint64_t kListSeed = 2;
 
 /// Whether a text in quotes is as RenderText writes it, told without decoding: nothing in it that would be escaped, and
@@ -78,6 +75,10 @@ bool IsCanonical(std::string_view quoted)
 /// Hash of a rendered text at the front; answers its bytes.
 size_t HashQuoted(std::string_view from, uint64_t& hash)
 {
+    if (const size_t plain = SizeOfPlain(from); plain > 0) {
+        hash = HashBytes(from.substr(0, plain));
+        return plain;
+    }
     const size_t size = SizeOfQuoted(from);
     const std::string_view quoted = from.substr(0, size);
     if (IsCanonical(quoted)) {
@@ -188,18 +189,18 @@ bool SameValue(std::string_view from, std::string_view rendered)
     return there == rendered || (!there.empty() && Rerender(there) == rendered);
 }
 
-uint64_t HashValue(std::string_view from)
+uint64_t HashAnyValue(std::string_view from)
 {
     uint64_t hash = 0;
-    if (unsigned number = 0; from[0] <= '9' && ParseDword(from, number) == ReadOutcome::Good)
-        hash = FinishHash(MixHash(kDwordSeed, number));
-    else if (from[0] == '"')
+    if (unsigned number = 0; from[0] >= '0' && from[0] <= '9' && ParseDword(from, number) == ReadOutcome::Good)
+        return HashDword(number);
+    if (from[0] == '"')
         HashQuoted(from, hash);
     else if (from[0] == '[')
         hash = HashList(from);
     else
         hash = HashBlock(ValueText(from));
-    return hash != 0 ? hash : 1;
+    return hash | 2;
 }
 
 } // namespace ostrand

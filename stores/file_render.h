@@ -4,6 +4,8 @@
 
 #include "core/array.h"
 #include "core/strings.h"
+#include "stores/file_format.h"
+#include "stores/name_index.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -25,7 +27,20 @@ std::string RenderBlock(const void* data, size_t size);
 std::string Rerender(std::string_view from);
 /// Whether the value at the front of `from` is the one that `rendered` stands for, however a person spelled it.
 bool SameValue(std::string_view from, std::string_view rendered);
-/// Hash of the value at the front of `from`, which must be whole. The same for all its spellings, and never 0.
-uint64_t HashValue(std::string_view from);
+inline uint64_t HashDword(unsigned value)
+{
+    constexpr uint64_t kSeed = 1;
+    return FinishHash(MixHash(kSeed, value)) | 2;
+}
+uint64_t HashAnyValue(std::string_view from);
+/// Hash of the value at the front of `from`, which must be whole. The same for all its spellings, and never 0 or 1.
+inline uint64_t HashValue(std::string_view from)
+{
+    unsigned number = 0;
+    if (TakeShortDword(from, number))
+        return HashDword(number);
+    const size_t plain = SizeOfPlain(from);
+    return plain > 0 ? HashBytes(from.substr(0, plain)) | 2 : HashAnyValue(from);
+}
 
 } // namespace ostrand

@@ -1,97 +1,33 @@
 #include "stores/file_save.h"
 
-#include "stores/file_names.h"
+#include "platform/error_codes.h"
 #include "stores/file_render.h"
-
-#include <charconv>
+#include "stores/store_lock.h"
 
 namespace ostrand {
 
-namespace {
-
-bool IsMissing(unsigned code) { return code == kErrorFileNotFound || code == kErrorPathNotFound; }
-
-/// Beside the file that it will replace. The name tells store and file apart, so that two stores that reach one file
-/// by links don't write one temporary file, and what a killed process left is used again.
-std::string TemporaryFor(const std::string& root, const std::string& target)
+unsigned FileSave::Prepare()
 {
-    char digits[16];
-    char* const end = std::to_chars(digits, std::end(digits), HashBytes(root + '\n' + target), 16).ptr;
-    return FolderOf(target) + '/' + std::string(kTemporaryPrefix) + std::string(digits, end);
-}
-
-} // namespace
-
-std::string FolderOf(const std::string& path)
-{
-    const size_t bar = path.rfind('/');
-    if (bar == std::string::npos)
-        return ".";
-    return bar == 0 ? "/" : path.substr(0, bar);
-}
-
-unsigned MakeFolders(IFiles& files, const std::string& folder)
-{
-    unsigned code = files.CreateFolder(folder, kFolderMode);
-    if (IsMissing(code) && FolderOf(folder) != folder) {
-        code = MakeFolders(files, FolderOf(folder));
-        if (code == kErrorSuccess)
-            code = files.CreateFolder(folder, kFolderMode);
-    }
-    return code == kErrorAlreadyExists ? kErrorSuccess : code;
-}
-
-unsigned LockStore(IFiles& files, const std::string& root, std::unique_ptr<IFile>& lock)
-{
-    const std::string path = root + '/' + std::string(kLockFile);
-    const auto open = [&] {
-        return files.Open(path, VFileAccess::ReadWrite, VFileDisposition::OpenAlways, kFileMode, lock);
-    };
-    unsigned code = open();
-    if (IsMissing(code)) {
-        code = MakeFolders(files, root);
-        if (code == kErrorSuccess)
-            code = open();
-    }
-    return code == kErrorSuccess ? lock->Lock(kLockPatience) : code;
-}
-
-unsigned FileSave::Run()
-{
-    if (m_node.Queue().IsEmpty() && !m_node.syncsFolder)
-        return kErrorSuccess;
-    std::unique_ptr<IFile> lock;
-    unsigned code = LockStore(m_files, m_root, lock);
-    const std::string target = m_files.ResolveLinks(m_node.File());
-    if (code == kErrorSuccess)
-        code = ReadTheirs(target);
-    if (code != kErrorSuccess)
+    m_file.path = Files().ResolveLinks(m_node.File());
+    if (const unsigned code = ReadTheirs(); code != kErrorSuccess)
         return code;
-
-    const std::vector<ValueEdit> edits = Merge();
-    std::string text = Theirs().WithEdits(edits);
-    if (text.size() > FileDocument::kLimit)
-        return kErrorMoreData;
-    if (text != Theirs().Text())
-        code = Write(target, text);
-    if (code == kErrorSuccess && m_node.syncsFolder)
-        code = m_files.SyncFolder(FolderOf(target));
-    if (code != kErrorSuccess)
-        return code;
-    m_node.syncsFolder = false;
-    m_node.TakeSaved(std::move(text));
-    return kErrorSuccess;
+    m_text = Theirs().WithEdits(Merge());
+    return m_text.size() > FileDocument::kLimit ? kErrorMoreData : kErrorSuccess;
 }
 
-unsigned FileSave::ReadTheirs(const std::string& target)
+unsigned FileSave::ReadTheirs()
 {
     std::string text;
-    VFileInfo info;
-    const unsigned code = m_files.ReadWhole(target, FileDocument::kLimit, text, info);
-    if (code == kErrorSuccess)
-        m_mode = info.mode;
-    else if (!IsMissing(code))
+    const unsigned code = Files().ReadWhole(m_file.path, FileDocument::kLimit, text, m_file.info);
+    m_file.exists = code == kErrorSuccess;
+    if (!m_file.exists && !IsMissing(code))
         return code;
+    if (m_file.exists)
+        m_damage = m_tools.keeper.Examine(m_node.Folder(), text);
+    if (m_damage) {
+        m_damaged = std::move(text);
+        text = m_damage->good;
+    }
     m_isUnchanged = text == m_node.Document().Text();
     if (!m_isUnchanged)
         m_theirs = FileDocument(std::move(text));
@@ -118,41 +54,53 @@ std::vector<ValueEdit> FileSave::Merge()
     return edits;
 }
 
-unsigned FileSave::Write(const std::string& target, const std::string& text)
+unsigned FileSave::Write()
 {
-    const std::string temporary = TemporaryFor(m_root, target);
-    unsigned code = WriteTemporary(temporary, text);
-    if (code == kErrorSuccess)
-        code = m_files.Rename(temporary, target);
+    unsigned code = kErrorSuccess;
+    if (IsNeeded())
+        code = SetAside();
+    if (code == kErrorSuccess && IsNeeded() && Theirs().Text().empty())
+        code = m_tools.replacer.MakeDurable(FolderOf(m_file.path));
+    if (code == kErrorSuccess && IsNeeded())
+        code = m_tools.replacer.Replace(m_file, m_text);
+    // Also for a file that needs no writing: an earlier save may have got as far as this.
+    return code == kErrorSuccess ? m_tools.replacer.SyncNames(FolderOf(m_file.path)) : code;
+}
+
+unsigned FileSave::WriteUnsynced()
+{
+    const unsigned code = SetAside();
+    return code == kErrorSuccess ? m_tools.replacer.ReplaceUnsynced(m_file, m_text) : code;
+}
+
+unsigned FileSave::SetAside()
+{
+    if (m_damaged.empty() || !m_aside.empty())
+        return kErrorSuccess;
+    const unsigned code = FileKeeper::SetAside(m_file.path, m_damaged, m_aside);
     if (code != kErrorSuccess)
-        m_files.Remove(temporary);
-    else
-        m_node.syncsFolder = true;
+        m_aside.clear();
     return code;
 }
 
-unsigned FileSave::WriteTemporary(const std::string& temporary, const std::string& text)
+unsigned FileSave::Finish()
 {
-    std::unique_ptr<IFile> file;
-    unsigned code = OpenTemporary(temporary, file);
-    if (code == kErrorSuccess)
-        code = file->Write(text.data(), text.size());
-    return code == kErrorSuccess ? file->Sync() : code;
+    const unsigned code =
+        m_tools.keeper.Record(m_node.Folder(), Theirs().Text(), m_text, m_conflicts, m_file.info.changed);
+    m_node.TakeSaved(std::move(m_text));
+    return code;
 }
 
-unsigned FileSave::OpenTemporary(const std::string& temporary, std::unique_ptr<IFile>& file)
+unsigned FileSave::Undo()
 {
-    const auto open = [&] {
-        return m_files.Open(temporary, VFileAccess::Write, VFileDisposition::CreateNew, m_mode, file);
-    };
-    unsigned code = open();
-    if (code == kErrorAlreadyExists) // a killed process left it
-        code = m_files.Remove(temporary);
-    else if (IsMissing(code)) // the folder
-        code = MakeFolders(m_files, FolderOf(temporary));
-    else
+    if (!m_file.exists) {
+        const unsigned code = Files().Remove(m_file.path);
+        return IsMissing(code) ? kErrorSuccess : code;
+    }
+    ReplacedFile now = m_file;
+    if (const unsigned code = Files().GetInfo(now.path, now.info); code != kErrorSuccess)
         return code;
-    return code == kErrorSuccess ? open() : code;
+    return m_tools.replacer.ReplaceUnsynced(now, Theirs().Text());
 }
 
 } // namespace ostrand

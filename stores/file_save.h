@@ -1,51 +1,73 @@
-// One save: what waits for a key's file is merged into the file as it is now, and a new file takes the old one's place.
+// One save: what waits for a key's file is merged into the file as it is now, and new contents take the old ones'
+// place. All of it under the store's lock.
 #pragma once
 
-#include "platform/files.h"
+#include "stores/file_keeper.h"
 #include "stores/file_node.h"
+#include "stores/file_replacer.h"
 
 #include <string>
 #include <vector>
 
 namespace ostrand {
 
-inline constexpr unsigned kFolderMode = 0700;
-inline constexpr unsigned kFileMode = 0600;
-/// Milliseconds to wait for another process that is writing to the store.
-inline constexpr unsigned kLockPatience = 1000;
+/// What all saves of one store share in this process.
+struct SaveTools {
+    explicit SaveTools(const std::string& r) : root(r), replacer(r), keeper(r) {}
 
-/// A folder with all the folders above it that are missing.
-unsigned MakeFolders(IFiles& files, const std::string& folder);
-/// The folder that a path lies in.
-std::string FolderOf(const std::string& path);
-/// Locks the store against other processes until `lock` closes. Makes the store's folder where it is missing.
-unsigned LockStore(IFiles& files, const std::string& root, std::unique_ptr<IFile>& lock);
+    std::string root;
+    FileReplacer replacer;
+    FileKeeper keeper;
+};
 
 /// Either the whole change is on the disk afterwards or the file is as before; only where the last step fails (the sync
-/// of the folder) the file is already new, and the next save repeats that step.
+/// of the folder) the file is already new, and the next save repeats that step. Until `Finish` the node knows nothing,
+/// and everything waits on.
 class FileSave {
 public:
-    FileSave(IFiles& files, const std::string& root, FileNode& node) : m_files(files), m_root(root), m_node(node) {}
+    FileSave(SaveTools& tools, FileNode& node) : m_tools(tools), m_node(node) {}
 
-    /// Locks, reads, merges and writes. On success nothing waits any more; on failure everything does.
-    unsigned Run();
-    /// Names of the values that both this process and another one changed. What this process wrote went in.
+    /// Reads the file, makes it good where it is damaged, and merges into it.
+    unsigned Prepare();
+    /// The text that goes into the file is this one, whatever waits.
+    void SetText(std::string text) { m_text = std::move(text); }
+    /// Whether the file has to be written: it changes, or a new key gets its file.
+    bool IsNeeded() const { return !m_file.exists || m_damage || m_text != Theirs().Text(); }
+    const std::string& Text() const { return m_text; }
+    const ReplacedFile& File() const { return m_file; }
+    FileNode& Node() const { return m_node; }
+
+    /// Writes where that is needed, down to the disk.
+    unsigned Write();
+    /// Writes, but leaves the syncs to the caller.
+    unsigned WriteUnsynced();
+    /// Puts what was there before the write back, as unsynced as that.
+    unsigned Undo();
+    /// Nothing waits any more, and the history knows. A failure of the history hurts nothing else.
+    unsigned Finish();
+
+    /// What was found damaged, if anything; and where `Write` set it aside.
+    const std::optional<Damage>& FoundDamage() const { return m_damage; }
+    const std::string& Aside() const { return m_aside; }
+
+    /// Names of the values that both this process and another one changed. What this process wrote goes in.
     const std::vector<std::u16string>& Conflicts() const { return m_conflicts; }
 
 private:
-    unsigned ReadTheirs(const std::string& target);
+    unsigned ReadTheirs();
     const FileDocument& Theirs() const { return m_isUnchanged ? m_node.Document() : m_theirs; }
     std::vector<ValueEdit> Merge();
-    unsigned Write(const std::string& target, const std::string& text);
-    unsigned WriteTemporary(const std::string& temporary, const std::string& text);
-    unsigned OpenTemporary(const std::string& temporary, std::unique_ptr<IFile>& file);
+    unsigned SetAside();
 
-    IFiles& m_files;
-    const std::string& m_root;
+    SaveTools& m_tools;
     FileNode& m_node;
+    ReplacedFile m_file;
     FileDocument m_theirs;
     bool m_isUnchanged = false; // the file is as the node's document has it
-    unsigned m_mode = kFileMode;
+    std::optional<Damage> m_damage;
+    std::string m_damaged; // the damaged text as it was
+    std::string m_aside;   // where that is kept
+    std::string m_text;    // that goes into the file
     std::vector<std::u16string> m_conflicts;
 };
 

@@ -1,15 +1,15 @@
 #include "stores/file_store.h"
 
 #include "platform/platform.h"
+#include "stores/file_extras.h"
 #include "stores/file_render.h"
 #include "stores/file_tree.h"
-#include "stores/store_places.h"
 
 namespace ostrand {
 
 namespace {
 
-class FileKey final : public StoreKey, public IStorePlaces {
+class FileKey final : public StoreKey {
 public:
     /// Takes over one handle of the node.
     FileKey(std::shared_ptr<FileTree> tree, FileNode& node, bool readOnly)
@@ -20,9 +20,10 @@ public:
     }
     ~FileKey() override
     {
+        const FileTree::Guard guard(*m_tree);
         if (m_hasWritten)
             m_tree->FlushAtClose(m_node);
-        m_tree->Close(m_node);
+        m_tree->Close(m_node, m_document.get());
     }
 
     bool ReadMultiSz(const char16_t* name, VStringArray& out) override
@@ -72,23 +73,23 @@ public:
 
     bool DeleteKey(const char16_t* name) override
     {
-        const std::lock_guard guard(m_tree->mutex);
+        const FileTree::Guard guard(*m_tree);
         return Answer(m_isReadOnly ? kErrorAccessDenied : m_tree->DeleteKey(m_node, name));
     }
     bool KeyExists(const char16_t* name) override
     {
-        const std::lock_guard guard(m_tree->mutex);
+        const FileTree::Guard guard(*m_tree);
         return m_tree->KeyExists(m_node, name);
     }
     bool IsWritable() override
     {
-        const std::lock_guard guard(m_tree->mutex);
+        const FileTree::Guard guard(*m_tree);
         return !m_isReadOnly && m_tree->CanChange(m_node);
     }
 
     VProfilePrivateKey* OpenKey(const char16_t* name, VSecurityDescriptor*) override
     {
-        const std::lock_guard guard(m_tree->mutex);
+        const FileTree::Guard guard(*m_tree);
         FileNode* node = nullptr;
         const unsigned code = m_tree->Open(m_node, name, !m_isReadOnly, node);
         if (!Answer(code))
@@ -99,7 +100,7 @@ public:
     VProfilePrivateKeyIterator* CreateIterator(bool values) override
     {
         auto iterator = std::make_unique<SnapshotIterator>();
-        const std::lock_guard guard(m_tree->mutex);
+        const FileTree::Guard guard(*m_tree);
         unsigned code = kErrorSuccess;
         if (!values)
             code = m_tree->ListKeys(m_node, *iterator);
@@ -111,37 +112,56 @@ public:
 
     bool Flush(IReportMessageParams& report) override
     {
+        const FileTree::Guard guard(*m_tree);
         if (m_tree->Flush(m_node, report) != kErrorSuccess)
             return false;
         m_hasWritten = false;
         return TellRefused(report);
     }
 
-    bool FindPlace(const char16_t* valueName, ValuePlace& place) override
-    {
-        const std::lock_guard guard(m_tree->mutex);
-        place.file = m_node.File();
-        place.line = valueName && Load() == kErrorSuccess ? m_node.LineOf(valueName) : 0;
-        return true;
-    }
-
 private:
-    unsigned Load() { return m_node.IsStale() ? m_node.Load(*Platform().files) : kErrorSuccess; }
+    unsigned Load() { return m_node.IsStale() ? m_tree->Load(m_node) : kErrorSuccess; }
 
+    /// Without the mutex as long as the document tells all; what isn't there, or isn't good, takes the long way.
     template <class Reader>
     bool Read(const char16_t* name, Reader read)
     {
-        const std::lock_guard guard(m_tree->mutex);
+        if (m_node.IsOpen(m_document.get())) {
+            size_t entry = m_next;
+            std::string_view value = m_document->FindNext(NameOf(name), m_next);
+            if (value.data()) {
+                ++m_next;
+            } else {
+                const FileDocument::Found found = m_document->FindAnywhere(NameOf(name), m_next);
+                entry = found.entry;
+                value = found.value;
+            }
+            if (value.data() && read(value) == ReadOutcome::Good) {
+                m_document->MarkRead(entry);
+                return Answer(kErrorSuccess);
+            }
+        }
+        return ReadLocked(name, read);
+    }
+    template <class Reader>
+    bool ReadLocked(const char16_t* name, Reader read)
+    {
+        const FileTree::Guard guard(*m_tree);
         unsigned code = Load();
         if (code == kErrorSuccess)
             code = m_node.Read(NameOf(name), m_next, read);
+        if (!m_node.IsOpen(m_document.get())) {
+            if (m_document)
+                m_node.TakeLateReads(*m_document);
+            m_document = m_node.OpenDocument();
+        }
         return Answer(code);
     }
 
     bool Write(const char16_t* name, const std::string& rendered) { return Change(name, &rendered); }
     bool Change(const char16_t* name, const std::string* rendered)
     {
-        const std::lock_guard guard(m_tree->mutex);
+        const FileTree::Guard guard(*m_tree);
         unsigned code = m_node.IsDeleted() ? kErrorFileNotFound : Load();
         if (m_isReadOnly)
             code = kErrorAccessDenied;
@@ -149,6 +169,8 @@ private:
             return AnswerWrite(code);
         // Asked once for each handle; a right that is lost later shows at the flush.
         m_isChangeable = m_isChangeable || m_tree->CanChange(m_node);
+        if (m_isChangeable)
+            m_tree->JoinTransaction(m_node);
         code = m_isChangeable ? m_node.Write(NameOf(name), rendered) : kErrorAccessDenied;
         m_hasWritten = m_hasWritten || code == kErrorSuccess;
         // A value that isn't there needs no deleting.
@@ -157,18 +179,19 @@ private:
 
     std::shared_ptr<FileTree> m_tree;
     FileNode& m_node;
-    size_t m_next = 0; // the value that the next read probably asks for
+    std::shared_ptr<const FileDocument> m_document; // that reads go to while the node says so
+    size_t m_next = 0;                              // the value that the next read probably asks for
     bool m_isReadOnly;
     bool m_isChangeable = false;
     bool m_hasWritten = false;
 };
 
-class FileStore final : public VProfilePrivateStore {
+class FileStore final : public VProfilePrivateStore, public FileExtras {
 public:
-    explicit FileStore(std::shared_ptr<FileTree> tree) : m_tree(std::move(tree)) {}
+    explicit FileStore(std::shared_ptr<FileTree> tree) : FileExtras(tree), m_tree(std::move(tree)) {}
     VProfilePrivateKey* OpenRootKey(bool readOnly) override
     {
-        const std::lock_guard guard(m_tree->mutex);
+        const FileTree::Guard guard(*m_tree);
         return new FileKey(m_tree, *m_tree->OpenRoot(), readOnly);
     }
 

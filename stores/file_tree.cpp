@@ -1,9 +1,11 @@
 #include "stores/file_tree.h"
 
 #include "core/fold.h"
-#include "platform/platform.h"
+#include "stores/damage_scan.h"
+#include "stores/file_damage.h"
+#include "stores/file_journal.h"
 #include "stores/file_names.h"
-#include "stores/file_save.h"
+#include "stores/store_lock.h"
 #include "stores/store_messages.h"
 
 #include <algorithm>
@@ -19,8 +21,6 @@ constexpr size_t kClosedBytes = 1u << 20;
 /// What a document takes besides its text, roughly.
 constexpr size_t kDocumentOverhead = 1024;
 
-IFiles& Files() { return *Platform().files; }
-
 std::string Joined(std::string_view folder, std::string_view name)
 {
     std::string path;
@@ -30,9 +30,7 @@ std::string Joined(std::string_view folder, std::string_view name)
     return path += name;
 }
 
-std::string ValuesFile(const std::string& folder) { return folder + std::string(kValuesSuffix); }
-
-bool IsMissing(unsigned code) { return code == kErrorFileNotFound || code == kErrorPathNotFound; }
+std::string ValuesFileBeside(const std::string& folder) { return folder + std::string(kValuesSuffix); }
 
 bool IsFolder(const std::string& path)
 {
@@ -46,12 +44,13 @@ bool IsFile(const std::string& path)
     return Files().GetInfo(path, info) == kErrorSuccess && !info.isFolder;
 }
 
-bool IsKey(const std::string& folder) { return IsFile(ValuesFile(folder)) || IsFolder(folder); }
+bool IsKey(const std::string& folder) { return IsFile(ValuesFileBeside(folder)) || IsFolder(folder); }
 
 bool IsReadableKey(const std::string& folder)
 {
     std::unique_ptr<IFile> file;
-    const unsigned code = Files().Open(ValuesFile(folder), VFileAccess::Read, VFileDisposition::OpenExisting, 0, file);
+    const unsigned code =
+        Files().Open(ValuesFileBeside(folder), VFileAccess::Read, VFileDisposition::OpenExisting, 0, file);
     VFileInfo info;
     if (code == kErrorSuccess)
         return file->GetInfo(info) == kErrorSuccess && !info.isFolder;
@@ -91,21 +90,22 @@ bool FindChild(const std::string& folder, std::u16string_view name, std::string&
 
 /// A name below a key, as the path that a key of this very spelling has.
 struct Target {
-    std::vector<std::u16string_view> levels;
+    std::u16string_view name;
     std::string exact;
 
-    unsigned Cut(const FileNode& from, const char16_t* name)
+    unsigned Cut(const FileNode& from, const char16_t* path)
     {
-        if (!CutLevels(name, levels))
-            return kErrorInvalidParameter;
+        name = NameOf(path);
+        exact.reserve(from.Folder().size() + 1 + name.size() + kValuesSuffix.size());
         exact = from.Folder();
-        for (const std::u16string_view level : levels) {
-            const std::string file = EncodeKeyName(level);
-            if (file.size() + kValuesSuffix.size() > kLongestFileName)
-                return kErrorInvalidParameter;
-            exact = Joined(exact, file);
-        }
-        return kErrorSuccess;
+        bool fits = true;
+        const bool isWhole = ForEachLevel(name, [&](std::u16string_view level) {
+            const size_t before = exact.size();
+            exact += '/';
+            AppendKeyName(level, exact);
+            fits = fits && exact.size() - before - 1 + kValuesSuffix.size() <= kLongestFileName;
+        });
+        return isWhole && fits ? kErrorSuccess : kErrorInvalidParameter;
     }
 };
 
@@ -114,14 +114,14 @@ bool Resolve(const FileNode& from, const Target& target, std::string& folder)
 {
     folder = from.Folder();
     bool isThere = true;
-    for (const std::u16string_view level : target.levels) {
+    ForEachLevel(target.name, [&](std::u16string_view level) {
         std::string child;
         if (isThere)
             isThere = FindChild(folder, level, child);
         else
             child = Joined(folder, EncodeKeyName(level));
         folder = std::move(child);
-    }
+    });
     return isThere;
 }
 
@@ -134,28 +134,44 @@ std::string WithoutFinalSlash(std::string path)
 
 } // namespace
 
-FileTree::FileTree(std::string root) : m_root(WithoutFinalSlash(std::move(root))) { InstallStoreMessages(); }
+FileTree::FileTree(std::string root) : m_root(WithoutFinalSlash(std::move(root))), m_tools(m_root)
+{
+    InstallStoreMessages();
+}
+
+FileTree::Guard::~Guard()
+{
+    std::vector<VReportMessageParams> messages;
+    if (!m_tree.m_messages.empty())
+        messages.swap(m_tree.m_messages);
+    m_tree.m_mutex.unlock();
+    for (VReportMessageParams& message : messages)
+        VReportMessage(0, message);
+}
 
 FileTree::~FileTree()
 {
-    for (const auto& [folder, node] : m_nodes) {
-        std::vector<VReportMessageParams> messages;
-        if (const unsigned code = Save(*node, messages); code != kErrorSuccess) {
-            VReportMessageParams& lost = messages.emplace_back();
-            VReportMessageParams reason(code, LibraryModule());
-            Fail(lost, kChangesLost, KeyPath(*node), reason.GetTextOneLine());
-        }
-        for (VReportMessageParams& message : messages)
-            VReportMessage(0, message);
-    }
+    m_transaction.reset();
+    SaveLast();
+    std::unique_ptr<IFile> lock;
+    if (m_tools.replacer.HasSpares() && Lock(0, lock) == kErrorSuccess)
+        m_tools.replacer.RemoveSpares();
 }
 
-FileNode& FileTree::NodeOf(const std::string& folder)
+FileNode& FileTree::NodeOf(std::string_view folder)
 {
     if (const auto found = m_nodes.find(folder); found != m_nodes.end())
         return *found->second;
-    std::string file = folder == m_root ? Joined(folder, kRootValuesFile) : ValuesFile(folder);
-    return *m_nodes.emplace(folder, std::make_unique<FileNode>(folder, std::move(file))).first->second;
+    static const std::string rootEnding = '/' + std::string(kRootValuesFile);
+    const std::string_view ending = folder == m_root ? std::string_view(rootEnding) : kValuesSuffix;
+    auto node = std::make_unique<FileNode>(folder, ending, &m_layouts);
+    const std::string_view name = node->Folder();
+    return *m_nodes.emplace(name, std::move(node)).first->second;
+}
+
+std::string FileTree::ValuesFile(const std::string& folder) const
+{
+    return folder == m_root ? Joined(folder, kRootValuesFile) : ValuesFileBeside(folder);
 }
 
 FileNode* FileTree::Acquire(FileNode& node)
@@ -168,6 +184,9 @@ FileNode* FileTree::Acquire(FileNode& node)
 
 FileNode* FileTree::OpenRoot()
 {
+    if (m_isFirstOpening)
+        FinishLeftJournal();
+    m_isFirstOpening = false;
     FileNode& node = NodeOf(m_root);
     node.MarkStale();
     return Acquire(node);
@@ -177,10 +196,15 @@ unsigned FileTree::OpenExact(const std::string& folder, FileNode*& node)
 {
     std::string text;
     VFileInfo info;
-    const unsigned code = Files().ReadWhole(ValuesFile(folder), FileDocument::kLimit, text, info);
+    const unsigned code = Files().ReadWhole(ValuesFileBeside(folder), FileDocument::kLimit, text, info);
     if (code != kErrorSuccess)
         return code;
     FileNode& found = NodeOf(folder);
+    if (m_news)
+        m_news->Note(folder, text);
+    // What the node has was looked at before.
+    if (text != found.Document().Text() && LooksDamaged(text))
+        MakeGood(folder, text);
     found.TakeText(std::move(text));
     node = Acquire(found);
     return kErrorSuccess;
@@ -197,6 +221,10 @@ unsigned FileTree::Open(const FileNode& from, const char16_t* name, bool mayCrea
         return code;
     std::string folder;
     const bool isThere = Resolve(from, target, folder);
+    if (FileNode* const found = isThere ? nullptr : FindNewKey(folder)) {
+        node = Acquire(*found);
+        return kErrorSuccess;
+    }
     if (!isThere && (!mayCreate || from.IsDeleted()))
         return kErrorFileNotFound;
     if (folder != target.exact)
@@ -206,9 +234,53 @@ unsigned FileTree::Open(const FileNode& from, const char16_t* name, bool mayCrea
     return isThere ? OpenBare(folder, node) : Create(folder, node);
 }
 
+unsigned FileTree::OpenPath(const char16_t* path, FileNode*& node)
+{
+    if (path && *path)
+        return Open(NodeOf(m_root), path, false, node);
+    node = OpenRoot();
+    const unsigned code = Load(*node);
+    if (code != kErrorSuccess)
+        Close(*node);
+    return code;
+}
+
+unsigned FileTree::Load(FileNode& node)
+{
+    std::string text;
+    VFileInfo info;
+    const unsigned code = ReadValuesFile(node.Folder(), text, info);
+    if (code != kErrorSuccess && !IsMissing(code))
+        return code;
+    if (code == kErrorSuccess && LooksDamaged(text))
+        MakeGood(node.Folder(), text);
+    node.TakeText(code == kErrorSuccess ? std::move(text) : std::string());
+    return kErrorSuccess;
+}
+
+unsigned FileTree::ReadValuesFile(const std::string& folder, std::string& text, VFileInfo& info) const
+{
+    return Files().ReadWhole(ValuesFile(folder), FileDocument::kLimit, text, info);
+}
+
+unsigned FileTree::FindFolder(const char16_t* path, std::string& folder)
+{
+    folder = m_root;
+    if (!path || !*path)
+        return kErrorSuccess;
+    const FileNode& root = NodeOf(m_root);
+    Target target;
+    const unsigned code = target.Cut(root, path);
+    if (code == kErrorSuccess)
+        Resolve(root, target, folder);
+    return code;
+}
+
 unsigned FileTree::OpenBare(const std::string& folder, FileNode*& node)
 {
     FileNode& found = NodeOf(folder);
+    if (m_news)
+        m_news->Note(folder, {});
     found.TakeText({});
     node = Acquire(found);
     return kErrorSuccess;
@@ -216,26 +288,39 @@ unsigned FileTree::OpenBare(const std::string& folder, FileNode*& node)
 
 unsigned FileTree::Create(const std::string& folder, FileNode*& node)
 {
+    if (m_transaction) {
+        OpenBare(folder, node);
+        m_transaction->AddKey(*node);
+        return kErrorSuccess;
+    }
     const auto create = [&] {
         std::unique_ptr<IFile> file;
         return Files().Open(ValuesFile(folder), VFileAccess::Write, VFileDisposition::CreateNew, kFileMode, file);
     };
     unsigned code = create();
     if (IsMissing(code)) {
-        code = MakeFolders(Files(), FolderOf(folder));
+        code = MakeFolders(FolderOf(folder));
         if (code == kErrorSuccess)
             code = create();
     }
     if (code == kErrorAlreadyExists) // another process was faster
         return OpenExact(folder, node);
+    if (code == kErrorSuccess)
+        NoteNewKey(folder);
     return code == kErrorSuccess ? OpenBare(folder, node) : code;
 }
 
-void FileTree::Close(FileNode& node)
+void FileTree::Close(FileNode& node, const FileDocument* document)
 {
-    const std::lock_guard guard(mutex);
+    if (document)
+        node.TakeLateReads(*document);
     if (--node.handles > 0)
         return;
+    // Nothing of it would be of use again: a walk over many keys doesn't push out those that are in use.
+    if (!node.Document().IsCut()) {
+        Release(node);
+        return;
+    }
     m_closed.push_back(&node);
     m_closedBytes -= node.closedBytes;
     node.closedBytes = node.Document().Text().size() + kDocumentOverhead;
@@ -252,12 +337,16 @@ void FileTree::TrimClosed()
             continue;
         m_closedBytes -= node.closedBytes;
         node.closedBytes = 0;
-        if (node.handles > 0)
-            continue;
-        node.LetGo();
-        if (node.IsIdle())
-            m_nodes.erase(node.Folder());
+        if (node.handles == 0)
+            Release(node);
     }
+}
+
+void FileTree::Release(FileNode& node)
+{
+    node.LetGo();
+    if (node.IsIdle())
+        m_nodes.erase(node.Folder());
 }
 
 bool FileTree::KeyExists(const FileNode& from, const char16_t* name)
@@ -266,7 +355,9 @@ bool FileTree::KeyExists(const FileNode& from, const char16_t* name)
     if (target.Cut(from, name) != kErrorSuccess)
         return false;
     std::string folder;
-    return IsReadableKey(target.exact) || (Resolve(from, target, folder) && IsReadableKey(folder));
+    if (IsReadableKey(target.exact))
+        return true;
+    return Resolve(from, target, folder) ? IsReadableKey(folder) : FindNewKey(folder) != nullptr;
 }
 
 unsigned FileTree::DeleteKey(const FileNode& from, const char16_t* name)
@@ -277,10 +368,14 @@ unsigned FileTree::DeleteKey(const FileNode& from, const char16_t* name)
         return code;
     if (!Resolve(from, target, folder))
         return kErrorFileNotFound;
+    if (m_transaction)
+        return kErrorNotSupported;
     std::unique_ptr<IFile> lock;
-    unsigned code = LockStore(Files(), m_root, lock);
+    unsigned code = Lock(kLockPatience, lock);
     if (code == kErrorSuccess)
         code = RemoveKey(folder);
+    if (code == kErrorSuccess)
+        code = Files().SyncFolder(FolderOf(folder));
     if (code != kErrorSuccess)
         return code;
     for (const auto& [path, node] : m_nodes)
@@ -297,7 +392,15 @@ unsigned FileTree::RemoveKey(const std::string& folder)
         code = Files().ResolveLinks(folder) == folder ? RemoveSubkeys(folder) : Files().Remove(folder);
     if (code != kErrorSuccess)
         return code;
+    std::string last;
+    VFileInfo info;
+    const bool hasValues = ReadValuesFile(folder, last, info) == kErrorSuccess && !last.empty();
     code = Files().Remove(ValuesFile(folder));
+    if (code == kErrorSuccess && hasValues)
+        if (const unsigned failure = m_tools.keeper.RecordDeletion(folder, last); failure != kErrorSuccess)
+            TellHistory(failure);
+    if (m_news)
+        m_news->NoteGone(folder);
     return IsMissing(code) ? kErrorSuccess : code;
 }
 
@@ -312,7 +415,7 @@ unsigned FileTree::RemoveSubkeys(const std::string& folder)
             return code;
         if (KeyOf(entry, name, base))
             code = RemoveKey(Joined(folder, base));
-        else if (entry.name.starts_with(kTemporaryPrefix))
+        else if (entry.name.starts_with(kTemporaryPrefix) || IsAsideName(entry.name))
             code = Files().Remove(Joined(folder, entry.name));
     }
     return code == kErrorSuccess ? Files().RemoveFolder(folder) : code;
@@ -322,8 +425,10 @@ unsigned FileTree::ListKeys(const FileNode& from, SnapshotIterator& out)
 {
     std::vector<VFolderEntry> entries;
     const unsigned code = Files().ListFolder(from.Folder(), entries);
-    if (code != kErrorSuccess)
-        return IsMissing(code) ? kErrorSuccess : code;
+    if (code != kErrorSuccess && !IsMissing(code))
+        return code;
+    if (m_transaction)
+        ListNewKeys(from, out);
     std::u16string name;
     std::string_view base;
     for (const VFolderEntry& entry : entries)
@@ -346,51 +451,43 @@ bool FileTree::CanChange(const FileNode& node)
     return Files().CanWrite(folder);
 }
 
-unsigned FileTree::Save(FileNode& node, std::vector<VReportMessageParams>& messages)
+void FileTree::NoteNewKey(const std::string& folder)
 {
-    FileSave save(Files(), m_root, node);
-    const unsigned code = save.Run();
-    if (code != kErrorSuccess)
-        return code;
-    for (const std::u16string& name : save.Conflicts())
-        Fail(messages.emplace_back(), kValueConflict, KeyPath(node), name.c_str());
-    return code;
+    // Whoever took the old file away by hand meant it: its values aren't missing from the new one.
+    const std::optional<std::string> old = m_tools.keeper.LastGood(folder);
+    std::unique_ptr<IFile> lock;
+    if (old && Lock(kLockPatience, lock) == kErrorSuccess)
+        m_tools.keeper.RecordDeletion(folder, *old);
 }
 
-unsigned FileTree::Flush(FileNode& node, IReportMessageParams& report)
+FileNode* FileTree::FindNewKey(const std::string& folder) const
 {
-    std::vector<VReportMessageParams> conflicts;
-    unsigned code = kErrorSuccess;
-    {
-        const std::lock_guard guard(mutex);
-        code = Save(node, conflicts);
+    if (!m_transaction)
+        return nullptr;
+    const std::vector<FileNode*>& keys = m_transaction->NewKeys();
+    const auto same = [&](const FileNode* node) { return EqualNoCase(KeyPath(*node), KeyPath(folder)); };
+    const auto found = std::find_if(keys.begin(), keys.end(), same);
+    return found == keys.end() ? nullptr : *found;
+}
+
+void FileTree::ListNewKeys(const FileNode& from, SnapshotIterator& out) const
+{
+    std::u16string name;
+    for (const FileNode* const node : m_transaction->NewKeys()) {
+        std::string_view below = node->Folder();
+        if (!below.starts_with(from.Folder() + '/'))
+            continue;
+        below.remove_prefix(from.Folder().size() + 1);
+        DecodeKeyName(below.substr(0, below.find('/')), name);
+        out.Add(name.c_str(), VProfileValueType::Subkey);
     }
-    // Without the mutex: a router may well look into the store.
-    if (code != kErrorSuccess)
-        report.SetMessage(code);
-    for (VReportMessageParams& conflict : conflicts) {
-        report.Assign(&conflict);
-        VReportMessage(0, conflict);
-    }
-    return code;
 }
 
-void FileTree::FlushAtClose(FileNode& node)
-{
-    VReportMessageParams outcome;
-    const unsigned code = Flush(node, outcome);
-    if (code == kErrorSuccess)
-        return;
-    VReportMessageParams message;
-    Fail(message, kChangesNotSaved, KeyPath(node), outcome.GetTextOneLine());
-    VReportMessage(0, message);
-}
-
-std::u16string FileTree::KeyPath(const FileNode& node) const
+std::u16string FileTree::KeyPath(const std::string& folder) const
 {
     std::u16string path;
     std::u16string level;
-    std::string_view rest = std::string_view(node.Folder()).substr(m_root.size());
+    std::string_view rest = std::string_view(folder).substr(m_root.size());
     while (!rest.empty()) {
         rest.remove_prefix(1);
         const size_t bar = std::min(rest.find('/'), rest.size());

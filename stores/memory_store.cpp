@@ -1,6 +1,7 @@
 #include "stores/memory_store.h"
 
 #include "core/fold.h"
+#include "profile/store_extras.h"
 #include "stores/memory_tree.h"
 #include "stores/store_key.h"
 
@@ -53,6 +54,8 @@ public:
     bool DeleteValue(const char16_t* name) override
     {
         unsigned code = CheckChange();
+        if (code == kErrorSuccess)
+            m_tree->Keep(m_node);
         if (code == kErrorSuccess && !m_node->RemoveValue(NameOf(name)))
             code = kErrorFileNotFound;
         if (code == kErrorSuccess)
@@ -70,6 +73,8 @@ public:
         const std::shared_ptr<MemoryNode> found = m_node->FindKey(levels);
         if (!found)
             return Answer(kErrorFileNotFound);
+        if (m_tree->transaction)
+            return Answer(kErrorNotSupported);
         m_tree->log.push_back({StoreAct::DeleteKey, found->path, {}});
         MemoryNode::Remove(found);
         return Answer(kErrorSuccess);
@@ -117,6 +122,8 @@ public:
 
     bool Flush(IReportMessageParams& report) override
     {
+        if (m_tree->transaction) // the commit tells
+            return TellRefused(report);
         return TellRefused(report) && (m_tree->flushFailure == kErrorSuccess || Fail(report, m_tree->flushFailure));
     }
 
@@ -153,6 +160,7 @@ private:
     {
         const unsigned code = CheckChange();
         if (code == kErrorSuccess) {
+            m_tree->Keep(m_node);
             m_node->SetValue(NameOf(name), std::move(value));
             m_tree->log.push_back({act, m_node->path, NameOf(name)});
         }
@@ -164,10 +172,31 @@ private:
     bool m_readOnly;
 };
 
-class MemoryStore final : public VProfilePrivateStore {
+class MemoryStore final : public VProfilePrivateStore, public IStoreExtras {
 public:
     explicit MemoryStore(std::shared_ptr<MemoryTree> tree) : m_tree(std::move(tree)) {}
     VProfilePrivateKey* OpenRootKey(bool readOnly) override { return new MemoryKey(m_tree, m_tree->root, readOnly); }
+
+    bool BeginTransaction(IReportMessageParams& report) override
+    {
+        if (m_tree->transaction)
+            return Fail(report, kErrorInvalidParameter);
+        m_tree->Begin();
+        return true;
+    }
+    bool CommitTransaction(IReportMessageParams& report) override
+    {
+        const unsigned code = m_tree->transaction ? m_tree->flushFailure : kErrorInvalidParameter;
+        if (code != kErrorSuccess)
+            return Fail(report, code);
+        m_tree->transaction.reset();
+        return true;
+    }
+    void RollBackTransaction() override
+    {
+        if (m_tree->transaction)
+            m_tree->RollBack();
+    }
 
 private:
     std::shared_ptr<MemoryTree> m_tree;

@@ -105,10 +105,40 @@ std::shared_ptr<MemoryNode> MemoryTree::MakeKey(MemoryNode& from, std::span<cons
             node->keys.insert(PlaceOf(node->keys, level), child);
             if (isLogged)
                 log.push_back({StoreAct::CreateKey, child->path, {}});
+            if (transaction)
+                transaction->made.push_back(child);
         }
         node = child.get();
     }
     return child;
+}
+
+void MemoryTree::Begin()
+{
+    transaction.emplace();
+    transaction->logSize = log.size();
+}
+
+void MemoryTree::Keep(const std::shared_ptr<MemoryNode>& node)
+{
+    if (!transaction)
+        return;
+    const auto same = [&](const MemoryTransaction::Before& before) { return before.node == node; };
+    if (std::none_of(transaction->changed.begin(), transaction->changed.end(), same))
+        transaction->changed.push_back({node, node->values});
+}
+
+void MemoryTree::RollBack()
+{
+    for (MemoryTransaction::Before& before : transaction->changed)
+        before.node->values = std::move(before.values);
+    // From the last one on: a key goes before the one that it was made in.
+    while (!transaction->made.empty()) {
+        MemoryNode::Remove(transaction->made.back());
+        transaction->made.pop_back();
+    }
+    log.resize(std::min(log.size(), transaction->logSize));
+    transaction.reset();
 }
 
 } // namespace ostrand

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -42,12 +43,29 @@ struct MemoryNode {
     void Empty();
 };
 
+/// What a roll-back puts back: the values of each key that was written to, and the keys that came.
+struct MemoryTransaction {
+    struct Before {
+        std::shared_ptr<MemoryNode> node;
+        std::vector<MemoryValue> values;
+    };
+    std::vector<Before> changed;
+    std::vector<std::shared_ptr<MemoryNode>> made;
+    size_t logSize = 0;
+};
+
 struct MemoryTree {
     std::shared_ptr<MemoryNode> root = std::make_shared<MemoryNode>();
     std::vector<StoreWrite> log;
     bool readOnly = false;
     unsigned writeFailure = kErrorSuccess;
     unsigned flushFailure = kErrorSuccess;
+    std::optional<MemoryTransaction> transaction;
+
+    void Begin();
+    /// The values of the key are about to change.
+    void Keep(const std::shared_ptr<MemoryNode>& node);
+    void RollBack();
 
     /// The key at the end of the levels, each made where it is missing.
     std::shared_ptr<MemoryNode> MakeKey(MemoryNode& from, std::span<const std::u16string_view> levels, bool isLogged);

@@ -1,35 +1,10 @@
 #include "stores/name_index.h"
 
-#include "core/fold.h"
-
-#include <string>
+#include "stores/asked_name.h"
 
 namespace ostrand {
 
-uint64_t HashName(std::u16string_view name)
-{
-    constexpr size_t kShort = 128;
-    char narrow[kShort];
-    char16_t all = 0;
-    if (name.size() <= kShort) {
-        for (size_t i = 0; i < name.size(); ++i) {
-            all = static_cast<char16_t>(all | name[i]);
-            narrow[i] = static_cast<char>(name[i]);
-        }
-        if (all < 0x80)
-            return HashAsciiNoCase({narrow, name.size()});
-    } else {
-        std::string longName;
-        longName.reserve(name.size());
-        for (const char16_t c : name) {
-            all = static_cast<char16_t>(all | c);
-            longName.push_back(static_cast<char>(c));
-        }
-        if (all < 0x80)
-            return HashAsciiNoCase(longName);
-    }
-    return FinishHash(HashNoCase(name));
-}
+uint64_t HashName(std::u16string_view name) { return AskedName(name).Hash(); }
 
 void NameIndex::Reset(size_t count)
 {

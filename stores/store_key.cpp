@@ -14,11 +14,18 @@ VProfilePrivateKeyIterator* FailedKey::CreateIterator(bool)
 
 void SnapshotIterator::SortNames()
 {
-    std::sort(m_entries.begin(), m_entries.end(), [](const auto& a, const auto& b) {
-        const int order = CompareNoCase(a.first, b.first);
-        return order != 0 ? order < 0 : a.first.Compare(b.first) < 0;
-    });
-    const auto same = [](const auto& a, const auto& b) { return EqualNoCase(a.first, b.first); };
+    const auto isLess = [](std::u16string_view a, std::u16string_view b) {
+        // Names of one folder often begin alike, and what is equal needs no folding.
+        const size_t common = std::min(a.size(), b.size());
+        const auto same =
+            static_cast<size_t>(std::mismatch(a.begin(), a.begin() + common, b.begin()).first - a.begin());
+        const int order = CompareNoCase(a.substr(same), b.substr(same));
+        return order != 0 ? order < 0 : a < b;
+    };
+    const auto isBefore = [&](const Entry& a, const Entry& b) { return isLess(a.first, b.first); };
+    if (!std::is_sorted(m_entries.begin(), m_entries.end(), isBefore))
+        std::sort(m_entries.begin(), m_entries.end(), isBefore);
+    const auto same = [](const Entry& a, const Entry& b) { return EqualNoCase(a.first, b.first); };
     m_entries.erase(std::unique(m_entries.begin(), m_entries.end(), same), m_entries.end());
 }
 
@@ -41,15 +48,7 @@ bool SnapshotIterator::Next(VUnicodeString& name)
 bool CutLevels(const char16_t* name, std::vector<std::u16string_view>& levels)
 {
     levels.clear();
-    for (std::u16string_view rest = NameOf(name);;) {
-        const size_t bar = rest.find(u'\\');
-        levels.push_back(rest.substr(0, bar));
-        if (levels.back().empty())
-            return false;
-        if (bar == std::u16string_view::npos)
-            return true;
-        rest.remove_prefix(bar + 1);
-    }
+    return ForEachLevel(NameOf(name), [&levels](std::u16string_view level) { levels.push_back(level); });
 }
 
 unsigned CheckRoom(const void* data, unsigned* size, size_t stored)

@@ -5,6 +5,7 @@
 #include "platform/error_codes.h"
 #include "profile/backend.h"
 
+#include <memory>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -17,16 +18,20 @@ public:
     bool ReadSecurity(const char16_t*, VSecurityDescriptor&) override { return Answer(kErrorFileNotFound); }
     bool WriteSecurity(const char16_t*, VSecurityDescriptor&) override { return Answer(kErrorUnsupportedType); }
     bool SetKeySecurity(VSecurityDescriptor*) override { return Answer(kErrorSuccess); }
-    IReportMessageParams& GetStatus() override { return m_status; }
+    IReportMessageParams& GetStatus() override
+    {
+        if (!m_status)
+            m_status = std::make_unique<VReportMessageParams>(m_code, LibraryModule());
+        return *m_status;
+    }
 
 protected:
     /// Leaves the outcome in the status; true for success.
     bool Answer(unsigned code)
     {
-        if (code == kErrorSuccess)
-            m_status.Succeed();
-        else
-            m_status.SetMessage(code);
+        m_code = code;
+        if (m_status)
+            TellStatus();
         return code == kErrorSuccess;
     }
     /// The same for a write: one that was refused is told by the next flush, too.
@@ -44,7 +49,16 @@ protected:
     }
 
 private:
-    VReportMessageParams m_status;
+    void TellStatus()
+    {
+        if (m_code == kErrorSuccess)
+            m_status->Succeed();
+        else
+            m_status->SetMessage(m_code);
+    }
+
+    std::unique_ptr<VReportMessageParams> m_status; // null until somebody asks
+    unsigned m_code = kErrorSuccess;
     unsigned m_refused = kErrorSuccess;
 };
 
@@ -87,12 +101,30 @@ public:
     bool Next(VUnicodeString& name) override;
 
 private:
-    std::vector<std::pair<VUnicodeString, VProfileValueType>> m_entries;
+    using Entry = std::pair<VUnicodeString, VProfileValueType>;
+
+    std::vector<Entry> m_entries;
     size_t m_next = 0;
 };
 
 /// Null counts as the empty name.
 inline const char16_t* NameOf(const char16_t* name) { return name ? name : u""; }
+
+/// Calls `take` with each level of "Sessions\Router 1" up to an empty one; false if there is one, or no level at all.
+template <class Take>
+bool ForEachLevel(std::u16string_view name, Take take)
+{
+    for (;;) {
+        const size_t bar = name.find(u'\\');
+        const std::u16string_view level = name.substr(0, bar);
+        if (level.empty())
+            return false;
+        take(level);
+        if (bar == std::u16string_view::npos)
+            return true;
+        name.remove_prefix(bar + 1);
+    }
+}
 
 /// Cuts "Sessions\Router 1" at its backslashes. False for an empty level, also for an empty or null name.
 bool CutLevels(const char16_t* name, std::vector<std::u16string_view>& levels);

@@ -12,6 +12,16 @@ inline constexpr unsigned kChangesNotSaved = 0xe1380041;
 /// %1 key, %2 reason: the last try failed, and the changes are gone.
 inline constexpr unsigned kChangesLost = 0xe1380042;
 
+/// %1 reason: a transaction is recorded, but not all of its files could be written.
+inline constexpr unsigned kTransactionPending = 0xe1380043;
+/// %1 folder: the store's medium has no locks.
+inline constexpr unsigned kNoStoreLock = 0xa1380044;
+
+/// %1 file: it is damaged.
+inline constexpr unsigned kFileDamaged = 0xa1380045;
+/// %1 reason: saves go on without a history.
+inline constexpr unsigned kHistoryNotWritten = 0xa1380046;
+
 /// Makes the texts known to reports. Any number of times.
 void InstallStoreMessages();
 

@@ -1,9 +1,10 @@
 // What this process last read or wrote of each value of one file: the base that a merge compares with.
 #pragma once
 
-#include "stores/name_index.h"
+#include "stores/name_layout.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace ostrand {
@@ -19,15 +20,21 @@ public:
     static constexpr uint64_t kNoValue = 0;
 
     void Set(uint64_t name, uint64_t value);
-    /// The same for a name that isn't in yet; costs no search.
-    void Append(uint64_t name, uint64_t value) { m_bases.push_back(Make(name, value)); }
+    /// The same where nothing is known yet of that value.
+    void SetIfNew(uint64_t name, uint64_t value);
     BaseRelation Compare(uint64_t name, uint64_t value);
 
-    bool IsEmpty() const { return m_bases.empty(); }
-    void Reserve(size_t count) { m_bases.reserve(count); }
+    /// Makes room for values of a shared layout, which `SetAt` then sets without a search. What is known stays.
+    void Use(const std::shared_ptr<const NameLayout>& layout);
+    void SetAt(size_t number, uint64_t value) { m_values[number] = value; }
+
+    bool IsEmpty() const { return m_values.empty() && m_bases.empty(); }
     void Clear() { *this = ValueBases(); }
 
 private:
+    /// No HashValue, see there.
+    static constexpr uint64_t kUnknown = 1;
+
     /// Twelve bytes: thousands of files stay in memory like this.
     struct Base {
         uint32_t name;
@@ -35,9 +42,14 @@ private:
         bool operator==(const Base&) const = default;
     };
     static Base Make(uint64_t name, uint64_t value);
+    /// The place of a name in the layout, if it's known there.
+    uint64_t* FindAt(uint64_t name);
     size_t Find(uint32_t name);
     void CompleteIndex();
 
+    // Values of one layout, eight bytes each, go before the others.
+    std::shared_ptr<const NameLayout> m_layout;
+    std::vector<uint64_t> m_values;
     std::vector<Base> m_bases;
     size_t m_next = 0; // values mostly come in one order: the first guess
     NameIndex m_index; // over the first m_indexed bases; completed when a guess fails

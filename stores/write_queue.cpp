@@ -35,4 +35,12 @@ void WriteQueue::Put(const char16_t* name, const std::string* text)
     m_values[place].text = text ? *text : std::string();
 }
 
+WriteQueue WriteQueue::Copy() const
+{
+    WriteQueue copy;
+    for (const QueuedValue& value : m_values)
+        copy.Put(value.name.c_str(), value.isDeleted ? nullptr : &value.text);
+    return copy;
+}
+
 } // namespace ostrand

@@ -26,6 +26,7 @@ public:
     /// Null `text` takes the value away.
     void Put(const char16_t* name, const std::string* text);
     void Clear() { *this = WriteQueue(); }
+    WriteQueue Copy() const;
 
 private:
     size_t PlaceOf(uint64_t hash, const char16_t* name) const;

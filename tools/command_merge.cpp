@@ -11,7 +11,8 @@ namespace {
 
 constexpr size_t kValueWidth = 44;
 
-std::string MergeText(const GlobalMergePreview& preview, GlobalConfig& config, const VProfileKey& key, bool isWritten)
+std::string MergeText(const GlobalMergePreview& preview, const ConfigFolder& folder, const char16_t* key,
+                      GlobalConfig& config, bool isWritten)
 {
     std::vector<std::vector<std::string>> rows = {{"NAME", "NOW", isWritten ? "SAVED" : "MERGED"}};
     for (const GlobalRow* row : preview.changed) {
@@ -22,9 +23,8 @@ std::string MergeText(const GlobalMergePreview& preview, GlobalConfig& config, c
     }
     std::string text = preview.changed.empty() ? "Nothing would change.\n" : Table(rows);
     for (const VUnicodeString& name : preview.ignored) {
-        ValuePlace place;
-        FindValuePlace(key, name.c_str(), place);
-        text += "not merged: " + Plain(Lossless(name)) + " (" + PlaceText(place) + ")\n";
+        const std::string place = PlaceText(folder.PlaceIn(key, name.c_str()));
+        text += "not merged: " + Plain(Lossless(name)) + " (" + place + ")\n";
     }
     return text;
 }
@@ -53,14 +53,17 @@ Exit MergeGlobal(const Request& request)
     std::unique_ptr<VProfileKey> key;
     if (const Exit found = folder.OpenKey(request.key, key); found != Exit::Done)
         return found;
-    folder.WarnOfBrokenLines(*key);
+    VUnicodeString path;
+    FromUtf8(request.key, path);
+    folder.WarnOfBrokenLines(path.c_str());
     GlobalConfig& config = folder.Config();
     const GlobalMergePreview preview = PreviewGlobalMerge(config, *key);
     const bool isWritten = request.write && !preview.changed.empty();
     if (isWritten)
         if (const Exit saved = folder.SaveValues(*preview.merged, preview.changed); saved != Exit::Done)
             return saved;
-    return Print(request.asJson ? MergeJson(preview, config, isWritten) : MergeText(preview, config, *key, isWritten));
+    return Print(request.asJson ? MergeJson(preview, config, isWritten)
+                                : MergeText(preview, folder, path.c_str(), config, isWritten));
 }
 
 } // namespace ostrand::tool

@@ -2,6 +2,7 @@
 #include "tools/commands.h"
 #include "tools/config_folder.h"
 #include "tools/global_rows.h"
+#include "tools/key_walk.h"
 #include "tools/output.h"
 #include "tools/value_json.h"
 
@@ -62,23 +63,6 @@ Stored ReadStored(const VProfileKey& key, const char16_t* name, VProfileValueTyp
     return {"unknown", Json()};
 }
 
-/// Visits the key and all keys below it, depth first, each with its path.
-template <class Visit>
-void WalkKeys(const VProfileKey& key, const VUnicodeString& path, Visit visit)
-{
-    visit(key, path);
-    VProfileKeyIterator keys(&key, false);
-    VUnicodeString name;
-    while (keys.Next(name)) {
-        const VProfileKey below(&key, name.c_str());
-        VUnicodeString pathBelow = path;
-        if (!path.IsEmpty())
-            pathBelow += u"\\";
-        pathBelow += name;
-        WalkKeys(below, pathBelow, visit);
-    }
-}
-
 Json ValuesOf(const VProfileKey& key)
 {
     Json values = Json::array();
@@ -124,7 +108,7 @@ Exit DumpStore(const Request& request)
     VUnicodeString path;
     FromUtf8(request.key, path);
     WalkKeys(*key, path, [&](const VProfileKey& at, const VUnicodeString& name) {
-        folder.WarnOfBrokenLines(at);
+        folder.WarnOfBrokenLines(name.c_str());
         keys.push_back({{"key", Lossless(name)}, {"values", ValuesOf(at)}});
     });
     if (request.asJson)

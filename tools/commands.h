@@ -15,8 +15,21 @@ Exit SaveGlobal(const Request& request);
 Exit MergeGlobal(const Request& request);
 Exit SchemaOfGlobal(const Request& request);
 Exit DumpStore(const Request& request);
-/// For shell completion: names of values, paths of keys.
+Exit CheckStore(const Request& request);
+Exit ListHistory(const Request& request);
+Exit ShowHistory(const Request& request);
+Exit DiffHistory(const Request& request);
+Exit RestoreHistory(const Request& request);
+Exit JoinPaths(const Request& request);
+Exit SplitPathText(const Request& request);
+Exit ExpandPath(const Request& request);
+Exit CheckPath(const Request& request);
+Exit ExecutableOf(const Request& request);
+Exit ListTimeZones(const Request& request);
+Exit BiasOfTimeZone(const Request& request);
+/// For shell completion: names of values, paths of keys, names of time zones.
 Exit CompleteValues(const Request& request);
 Exit CompleteKeys(const Request& request);
+Exit CompleteZones(const Request& request);
 
 } // namespace ostrand::tool

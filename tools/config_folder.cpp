@@ -84,11 +84,11 @@ std::string CodeText(unsigned code)
 }
 
 /// Lines that read as missing values. A name that is there twice, or a file without a last line end, is none.
-std::vector<FileFault> BrokenLines(const VProfileKey& key)
+std::vector<FileFault> BrokenLines(const std::string& file)
 {
     std::string text;
     VFileInfo info;
-    if (Platform().files->ReadWhole(FileOf(key), kLargestFile, text, info) != kErrorSuccess)
+    if (Platform().files->ReadWhole(file, kLargestFile, text, info) != kErrorSuccess)
         return {};
     std::vector<FileFault> faults = CheckText(text);
     std::erase_if(faults, [](const FileFault& fault) {
@@ -189,19 +189,21 @@ Exit ConfigFolder::FailGlobal(IReportMessageParams& report) const
 
 std::string ConfigFolder::GlobalFile() const { return m_path + kGlobalFile; }
 
-ValuePlace ConfigFolder::PlaceOf(const char16_t* valueName) const
+ValuePlace ConfigFolder::PlaceIn(const char16_t* key, const char16_t* valueName) const
 {
     ValuePlace place;
-    FindValuePlace(*m_globalKey, valueName, place);
+    m_store->Extras().FindPlace(key, valueName, place);
     return place;
 }
+
+ValuePlace ConfigFolder::PlaceOf(const char16_t* valueName) const { return PlaceIn(kGlobalKey, valueName); }
 
 std::string ConfigFolder::DamageOf(const GlobalRow& row) const
 {
     const ValuePlace place = PlaceOf(row.NameFor(m_config->IsOrvane()));
     if (place.line > 0)
         return UnfitValue(row, place);
-    for (const FileFault& fault : BrokenLines(*m_globalKey))
+    for (const FileFault& fault : BrokenLines(GlobalFile()))
         if (EqualNoCase(fault.name, row.NameFor(m_config->IsOrvane())))
             return PlaceText({place.file, fault.line}) + ": " + Cited(NameOf(row, m_config->IsOrvane())) + " " +
                    Lossless(DescribeFault(fault.kind));
@@ -224,26 +226,20 @@ void ConfigFolder::WarnOfDamage() const
         if (!unfit.empty())
             Warn(unfit + "; its default is shown");
     }
-    WarnOfBrokenLines(*m_globalKey);
+    WarnOfBrokenLines(kGlobalKey);
 }
 
-void ConfigFolder::WarnOfBrokenLines(const VProfileKey& key) const
+void ConfigFolder::WarnOfBrokenLines(const char16_t* key) const
 {
-    const std::vector<FileFault> faults = BrokenLines(key);
+    const std::string file = PlaceIn(key, nullptr).file;
+    const std::vector<FileFault> faults = BrokenLines(file);
     const size_t told = std::min(faults.size(), kWarningsOfOneFile);
     for (size_t i = 0; i < told; ++i)
-        Warn(PlaceText({FileOf(key), faults[i].line}) + ": " +
+        Warn(PlaceText({file, faults[i].line}) + ": " +
              (faults[i].name.empty() ? "the line" : Cited(Lossless(faults[i].name))) + " " +
              Lossless(DescribeFault(faults[i].kind)));
     if (told < faults.size())
-        Warn(FileOf(key) + ": " + std::to_string(faults.size() - told) + " more lines like these");
-}
-
-std::string FileOf(const VProfileKey& key)
-{
-    ValuePlace place;
-    FindValuePlace(key, nullptr, place);
-    return place.file;
+        Warn(file + ": " + std::to_string(faults.size() - told) + " more lines like these");
 }
 
 std::string PlaceText(const ValuePlace& place)

@@ -4,7 +4,6 @@
 #include "config/global/global_edit.h"
 #include "profile/key.h"
 #include "stores/file_store.h"
-#include "stores/store_places.h"
 #include "tools/request.h"
 
 #include <memory>
@@ -34,6 +33,9 @@ public:
     /// The key Global and the root, to read from.
     const VProfileKey& GlobalKey() const { return *m_globalKey; }
     const VProfileKey& Root() const { return *m_store->GetRootKey(); }
+    /// What the store offers besides its keys; for reading.
+    IStoreExtras& Extras() const { return m_store->Extras(); }
+    const std::string& Path() const { return m_path; }
     /// An existing key to read from, by its path as typed; the root for an empty one.
     Exit OpenKey(const std::string& typedPath, std::unique_ptr<VProfileKey>& key) const;
 
@@ -48,6 +50,8 @@ public:
     /// The file of the key Global.
     std::string GlobalFile() const;
 
+    /// Where a value stands, by the path of its key; null asks for the key's file.
+    ValuePlace PlaceIn(const char16_t* key, const char16_t* valueName) const;
     /// Where a value of the key Global stands; the line is 0 for one that isn't stored.
     ValuePlace PlaceOf(const char16_t* valueName) const;
     /// What is wrong with the stored form of a value, with file and line; empty for a good or missing one.
@@ -55,7 +59,7 @@ public:
     /// One warning for each value of the key Global that can't be read, and for each of its broken lines.
     void WarnOfDamage() const;
     /// One warning for each broken line of the key's file, and one for many.
-    void WarnOfBrokenLines(const VProfileKey& key) const;
+    void WarnOfBrokenLines(const char16_t* key) const;
 
 private:
     /// Why the stored value is none of its row's type; empty for one that is.
@@ -68,8 +72,6 @@ private:
     GlobalConfig* m_config = nullptr; // lent by the library
 };
 
-/// The file that the key's values stand in.
-std::string FileOf(const VProfileKey& key);
 /// "FILE:LINE", or the file alone where there is no line.
 std::string PlaceText(const ValuePlace& place);
 

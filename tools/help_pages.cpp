@@ -1,5 +1,7 @@
 #include "tools/help_pages.h"
 
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace ostrand::tool {
@@ -109,12 +111,19 @@ std::string LongOptions(const CLI::App& app)
     return names;
 }
 
-/// Which list of words completes a command's first positional word.
+/// Which list of words completes a command's first positional word; empty for none.
 std::string WordList(const CLI::App& command)
 {
-    for (const CLI::Option* option : ShownOptions(command))
-        if (option->get_positional())
-            return option->get_name(true) == "NAME" ? "values" : "keys";
+    constexpr std::pair<std::string_view, const char*> kLists[] = {
+        {"NAME", "values"}, {"KEY", "keys"}, {"ZONE", "zones"}};
+    for (const CLI::Option* option : ShownOptions(command)) {
+        if (!option->get_positional())
+            continue;
+        for (const auto& [word, list] : kLists)
+            if (option->get_name(true) == word)
+                return list;
+        break;
+    }
     return {};
 }
 

@@ -79,9 +79,73 @@ void AddKey(CLI::App& app, Request& request)
     AddWord(app, "KEY", request.key, "Begin at this key, a path below the store's root", false);
 }
 
+void AddKeyAndRepair(CLI::App& app, Request& request)
+{
+    AddKey(app, request);
+    app.add_flag("--repair", request.repair, "Repair what is damaged, and keep the damaged files beside the others");
+}
+
+void AddVersion(CLI::App& app, const char* name, unsigned& version, const char* what, bool isRequired)
+{
+    app.add_option(name, version, what)->required(isRequired)->check([name](const std::string& word) {
+        const bool isNumber = word.find_first_not_of("0123456789") == std::string::npos && word.size() < 10;
+        return isNumber ? std::string() : std::string(name) + ": " + Cited(word) + " is no number of a version";
+    });
+}
+
+void AddKeyOfHistory(CLI::App& app, Request& request, bool isRequired)
+{
+    AddWord(app, "KEY", request.key, "A key, also a deleted one, as a path below the store's root; '' for the root",
+            isRequired);
+}
+
+void AddHistoryKey(CLI::App& app, Request& request) { AddKeyOfHistory(app, request, false); }
+
+void AddKeyAndVersion(CLI::App& app, Request& request)
+{
+    AddKeyOfHistory(app, request, true);
+    AddVersion(app, "VERSION", request.version, "Number of a version, as history list tells it", true);
+}
+
+void AddKeyAndVersions(CLI::App& app, Request& request)
+{
+    AddKeyAndVersion(app, request);
+    AddVersion(app, "OTHER", request.otherVersion, "Compare with this version; without it with the next one", false);
+}
+
 void AddMarkdown(CLI::App& app, Request& request)
 {
     app.add_flag("--markdown", request.asMarkdown, "Write a page for people, instead of --json");
+}
+
+void AddPath(CLI::App& app, Request& request) { AddWord(app, "PATH", request.path, "The path", true); }
+
+void AddTwoPaths(CLI::App& app, Request& request)
+{
+    AddWord(app, "PATH", request.path, "What stands in front", true);
+    AddWord(app, "TAIL", request.tail, "What stands behind", true);
+}
+
+void AddTemplate(CLI::App& app, Request& request)
+{
+    AddWord(app, "TEMPLATE", request.path, "The path with its tokens", true);
+    const auto addText = [&app](const char* name, std::optional<std::string>& target, const char* what) {
+        const CLI::callback_t take = [&target](const CLI::results_t& words) {
+            target = Unmarked(words.back());
+            return true;
+        };
+        app.add_option(name, take, what)->option_text("TEXT");
+    };
+    addText("--host", request.host, "What %H stands for");
+    addText("--session", request.session, "What %S stands for");
+}
+
+void AddLine(CLI::App& app, Request& request) { AddWord(app, "LINE", request.path, "The command line", true); }
+
+void AddZoneAndTime(CLI::App& app, Request& request)
+{
+    AddWord(app, "ZONE", request.zone, "Name of the zone, in any case", true);
+    AddWord(app, "TIME", request.time, "A time in UTC, such as 2026-03-29T01:00:00Z", true);
 }
 
 void AddNothing(CLI::App&, Request&) {}
@@ -140,8 +204,70 @@ constexpr Command kCommands[] = {
      "store dump\n"
      "store dump Global --json\n",
      AddKey, DumpStore},
+    {"store", "check",
+     "Names every fault of the files below a key, with file and line; which files are damaged, and what a repair would "
+     "do; and files that no key finds. A damaged file was cut, holds zeros or bytes that are no text, or marks of a "
+     "merge. A repair keeps all lines that are whole, and takes values that were lost from the last good version. The "
+     "exit code is 1 where there are faults.",
+     "store check\n"
+     "store check Sessions --json\n"
+     "store check --repair\n",
+     AddKeyAndRepair, CheckStore},
+    {"history", "list",
+     "Lists the versions of a key's values that are kept, oldest first: when each was saved and by which program. A "
+     "version without a program was an edit by other means.",
+     "history list Global\n"
+     "history list 'Sessions\\Router 1' --json\n",
+     AddHistoryKey, ListHistory},
+    {"history", "show", "Prints a version in the form of a key's file.",
+     "history show Global 12\n"
+     "history show '' 3 > root.ini\n",
+     AddKeyAndVersion, ShowHistory},
+    {"history", "diff",
+     "Shows which values were added, removed or changed from a version to the next one, or to another. Comments and "
+     "spelling don't count.",
+     "history diff Global 12\n"
+     "history diff Global 12 20\n",
+     AddKeyAndVersions, DiffHistory},
+    {"history", "restore",
+     "Saves a version again, as the newest one. A key that was deleted comes back. Nothing gets lost: the versions "
+     "after it stay in the list.",
+     "history restore Global 12\n", AddKeyAndVersion, RestoreHistory},
+    {"path", "join", "Joins two paths with one separator between: \"\\\", or \"/\" in a path that begins with it.",
+     "path join 'C:\\Temp' logs\n"
+     "path join /home/ann logs\n",
+     AddTwoPaths, JoinPaths},
+    {"path", "split", "Splits a path into its folder and what stands behind the last separator.",
+     "path split '/home/ann/session.log'\n"
+     "path split 'C:\\Temp\\' --json\n",
+     AddPath, SplitPathText},
+    {"path", "expand",
+     "Expands the template of a path as log files and folders have it: first %NAME% from the environment, then %Y "
+     "year, "
+     "%M month, %D day, %h hour, %m minute, %s second, %t millisecond, all in UTC; %H host, %S session; %% a percent "
+     "sign.",
+     "path expand '%HOME%/logs/%Y-%M-%D.log'\n"
+     "path expand '%S@%H.log' --session 'Router 1' --host fe80::1\n",
+     AddTemplate, ExpandPath},
+    {"path", "check",
+     "Checks that a path has no character that some system refuses, and prints it with \"\\\" for \"/\".",
+     "path check 'C:/Temp/a.log'\n", AddPath, CheckPath},
+    {"path", "executable", "Prints the executable of a command line: in quotes, or up to the first .exe.",
+     "path executable '\"C:\\Program Files\\Tessaly.exe\" /S Router'\n", AddLine, ExecutableOf},
+    {"timezone", "list",
+     "Lists the system's time zones from west to east, with the minutes that local time lacks to UTC.",
+     "timezone list\n"
+     "timezone list --json | jq '.[].name'\n",
+     AddNothing, ListTimeZones},
+    {"timezone", "bias",
+     "Prints the minutes that a zone's local time lacks to UTC, by the rules that hold now. The clocks are set as "
+     "sessions reckon: back by the length of daylight time later than on the wall, and never on the last day of a "
+     "month, "
+     "but a week before it.",
+     "timezone bias Europe/Berlin 2026-07-01T12:00:00Z\n", AddZoneAndTime, BiasOfTimeZone},
     {"complete", "values", "Names of all global values.", "", AddNothing, CompleteValues},
     {"complete", "keys", "Paths of all keys.", "", AddNothing, CompleteKeys},
+    {"complete", "zones", "Names of all time zones.", "", AddNothing, CompleteZones},
 };
 
 struct Group {
@@ -153,6 +279,9 @@ constexpr Group kGroups[] = {
     {"global", "Settings that are common to all sessions", false},
     {"schema", "What settings there are", false},
     {"store", "The stored values themselves", false},
+    {"history", "Former versions of stored values", false},
+    {"path", "Paths and their templates, without looking at any file", false},
+    {"timezone", "The system's time zones", false},
     {"complete", "Words for shell completion", true},
 };
 

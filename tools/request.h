@@ -1,6 +1,7 @@
 // What one call of the tool asks for, and how it ends.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,9 +23,18 @@ struct Request {
     bool asMarkdown = false;
     bool force = false;
     bool write = false;
+    bool repair = false;
     std::string name; ///< of a value
     std::string key;  ///< path below the store's root, empty for the root
     std::vector<std::string> values;
+    std::string path; ///< or a template of one, or a command line
+    std::string tail; ///< joined behind the path
+    std::optional<std::string> host;
+    std::optional<std::string> session;
+    std::string zone;
+    std::string time;
+    unsigned version = 0;      ///< of a key
+    unsigned otherVersion = 0; ///< to compare with; 0: the next one
 
     bool IsOrvane() const { return application == "orvane"; }
 };

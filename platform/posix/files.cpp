@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <memory>
 
+#include <csignal>
+#include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -97,12 +99,63 @@ unsigned ReadAll(int file, std::string& data)
     return kErrorSuccess;
 }
 
+unsigned ReadOnce(const std::string& path, size_t limit, std::string& data, struct stat& raw)
+{
+    const int file = OpenRaw(path, O_RDONLY, 0);
+    if (file == -1) // a socket can't even be opened
+        return errno == ENXIO ? kErrorInvalidParameter : CodeOf(errno);
+    unsigned code = Outcome(fstat(file, &raw));
+    if (code == kErrorSuccess && !S_ISREG(raw.st_mode))
+        code = kErrorInvalidParameter;
+    else if (code == kErrorSuccess && static_cast<uint64_t>(raw.st_size) > limit)
+        code = kErrorMoreData;
+    if (code == kErrorSuccess) {
+        // Not emptied before: resizing then would zero bytes that are overwritten at once. The state is that of before
+        // the read, so a change in its midst shows at the next look.
+        data.resize(static_cast<size_t>(raw.st_size));
+        code = ReadAll(file, data);
+    }
+    close(file);
+    return code;
+}
+
 bool IsFolder(int folder, const dirent& entry)
 {
     if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK)
         return entry.d_type == DT_DIR;
     struct stat info{};
     return fstatat(folder, entry.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
+}
+
+/// The time that files are stamped with, in seconds; it may lag the exact one by some milliseconds.
+time_t StampTime()
+{
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    return now.tv_sec;
+}
+
+/// Whether the file may have taken another's name since `start`: an exchange stamps its change of state.
+bool MayBeExchanged(const struct stat& raw, time_t start)
+{
+    constexpr time_t kLag = 2; // seconds, more than any clock of stamps lags
+    return raw.st_ctim.tv_sec > start - kLag;
+}
+
+bool IsStillAt(const std::string& path, const struct stat& raw)
+{
+    struct stat now{};
+    return stat(path.c_str(), &now) == 0 && now.st_ino == raw.st_ino && now.st_dev == raw.st_dev;
+}
+
+/// Whether this descriptor is the only one on the file, in all processes: the system grants a lease for writing only
+/// then. It is given back at once; the signal of a lease that is broken in between is one that nobody minds.
+unsigned CheckAlone(int file)
+{
+    fcntl(file, F_SETSIG, SIGURG);
+    if (fcntl(file, F_SETLEASE, F_WRLCK) == -1)
+        return errno == EAGAIN ? kErrorSharingViolation : kErrorNotSupported;
+    return Outcome(fcntl(file, F_SETLEASE, F_UNLCK));
 }
 
 class PosixFiles final : public IFiles {
@@ -121,26 +174,40 @@ public:
         return kErrorSuccess;
     }
 
+    unsigned OpenAlone(const std::string& path, std::unique_ptr<IFile>& file, VFileInfo& info) override
+    {
+        const int descriptor = OpenRaw(path, O_WRONLY | O_NOFOLLOW, 0);
+        if (descriptor == -1)
+            return errno == ELOOP ? kErrorNotSupported : CodeOf(errno);
+        std::unique_ptr<IFile> opened = MakeFile(descriptor);
+        struct stat raw{};
+        if (fstat(descriptor, &raw) == -1)
+            return CodeOf(errno);
+        if (!S_ISREG(raw.st_mode) || raw.st_nlink != 1)
+            return kErrorNotSupported;
+        const unsigned code = CheckAlone(descriptor);
+        if (code != kErrorSuccess)
+            return code;
+        info = InfoOf(raw);
+        file = std::move(opened);
+        return kErrorSuccess;
+    }
+
     unsigned ReadWhole(const std::string& path, size_t limit, std::string& data, VFileInfo& info) override
     {
-        const int file = OpenRaw(path, O_RDONLY, 0);
-        if (file == -1) // a socket can't even be opened
-            return errno == ENXIO ? kErrorInvalidParameter : CodeOf(errno);
-        struct stat raw{};
-        unsigned code = Outcome(fstat(file, &raw));
-        if (code == kErrorSuccess && !S_ISREG(raw.st_mode))
-            code = kErrorInvalidParameter;
-        else if (code == kErrorSuccess && static_cast<uint64_t>(raw.st_size) > limit)
-            code = kErrorMoreData;
-        if (code == kErrorSuccess) {
-            // Not emptied before: resizing then would zero bytes that are overwritten at once.
-            data.resize(static_cast<size_t>(raw.st_size));
-            code = ReadAll(file, data);
-            // As of before the read, so a change in its midst shows at the next look.
-            info = InfoOf(raw);
+        // A file that is overwritten once nobody has it open (OpenAlone) may get its new name and contents between
+        // the system's look at the path and the opening. That leaves a fresh stamp, and then the path is looked at
+        // again behind the reading.
+        constexpr int kTries = 16;
+        for (int i = 0;; ++i) {
+            const time_t start = StampTime();
+            struct stat raw{};
+            const unsigned code = ReadOnce(path, limit, data, raw);
+            if (code != kErrorSuccess || !MayBeExchanged(raw, start) || IsStillAt(path, raw) || i == kTries) {
+                info = InfoOf(raw);
+                return code;
+            }
         }
-        close(file);
-        return code;
     }
 
     unsigned GetInfo(const std::string& path, VFileInfo& info) override
@@ -155,6 +222,12 @@ public:
     unsigned Rename(const std::string& from, const std::string& to) override
     {
         return Outcome(rename(from.c_str(), to.c_str()));
+    }
+    unsigned Exchange(const std::string& a, const std::string& b) override
+    {
+        if (renameat2(AT_FDCWD, a.c_str(), AT_FDCWD, b.c_str(), RENAME_EXCHANGE) == 0)
+            return kErrorSuccess;
+        return LacksOperation(errno) ? kErrorNotSupported : CodeOf(errno);
     }
     unsigned Remove(const std::string& path) override { return Outcome(unlink(path.c_str())); }
     unsigned CreateFolder(const std::string& path, unsigned mode) override
@@ -172,6 +245,16 @@ public:
         // Some network file systems have nothing to sync for a folder and say so.
         if (code != kErrorSuccess && errno == EINVAL)
             code = kErrorSuccess;
+        close(folder);
+        return code;
+    }
+
+    unsigned SyncMedium(const std::string& path) override
+    {
+        const int folder = OpenRaw(path, O_RDONLY, 0);
+        if (folder == -1)
+            return CodeOf(errno);
+        const unsigned code = Outcome(Retry([folder] { return syncfs(folder); }));
         close(folder);
         return code;
     }
@@ -212,6 +295,8 @@ public:
         }
         return path; // links in a circle
     }
+
+    unsigned CreateWatch(std::unique_ptr<IFolderWatch>& watch) override { return MakeWatch(watch); }
 };
 
 constinit Forever<PosixFiles> g_files;

@@ -62,6 +62,20 @@ public:
         return kErrorSuccess;
     }
 
+    unsigned SetSize(uint64_t size) override
+    {
+        return Outcome(Retry([&] { return ftruncate(m_file, static_cast<off_t>(size)); }));
+    }
+
+    unsigned SetRights(const VFileInfo& like) override
+    {
+        // Giving a file away is for the super-user; a group may be any of the process's own. Media without owners
+        // refuse both, and lose nothing. The mode comes last, since a change of owner clears bits of it.
+        if (fchown(m_file, like.owner, like.group) == -1)
+            static_cast<void>(fchown(m_file, static_cast<uid_t>(-1), like.group) == 0);
+        return Outcome(fchmod(m_file, static_cast<mode_t>(like.mode)));
+    }
+
     unsigned Sync() override
     {
         return Outcome(Retry([this] { return fdatasync(m_file); }));
@@ -74,7 +88,7 @@ public:
         milliseconds pause = kShortestPause;
         while (Retry([this] { return flock(m_file, LOCK_EX | LOCK_NB); }) == -1) {
             if (errno != EWOULDBLOCK)
-                return CodeOf(errno);
+                return LacksOperation(errno) || errno == ENOLCK ? kErrorNotSupported : CodeOf(errno);
             const steady_clock::time_point now = steady_clock::now();
             if (now >= deadline)
                 return kErrorLockViolation;
@@ -100,6 +114,8 @@ VFileInfo InfoOf(const struct stat& raw)
     info.size = static_cast<uint64_t>(raw.st_size);
     info.changed = static_cast<int64_t>(raw.st_mtim.tv_sec) * 1'000'000'000 + raw.st_mtim.tv_nsec;
     info.mode = raw.st_mode & 07777u;
+    info.owner = raw.st_uid;
+    info.group = raw.st_gid;
     info.isFolder = S_ISDIR(raw.st_mode);
     return info;
 }

@@ -10,6 +10,12 @@ namespace ostrand::posix {
 /// The code for a value of errno.
 unsigned CodeOf(int error);
 
+/// Whether an errno says that the medium or the system has no such operation.
+inline bool LacksOperation(int error)
+{
+    return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP || error == ENOTTY;
+}
+
 /// Repeats a call that a signal interrupted.
 template <class Call>
 auto Retry(Call call)
@@ -38,5 +44,6 @@ IClock& Clock();
 IEnvironment& Environment();
 IProcesses& Processes();
 IDisplay& Display();
+IDataProtection& DataProtection();
 
 } // namespace ostrand::posix

@@ -68,6 +68,12 @@ public:
         return text;
     }
 
+    std::string CurrentFolder() override
+    {
+        const std::unique_ptr<char, decltype(&std::free)> folder(getcwd(nullptr, 0), &std::free);
+        return folder ? folder.get() : std::string();
+    }
+
     std::string ModulePath(const void* address) override
     {
         Dl_info info{};

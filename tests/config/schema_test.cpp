@@ -22,6 +22,8 @@ struct Lamp : VProfileRecord {
     VProfileString place;
     VProfileStringList rooms;
     VProfile<int> service;
+    VProfileEncodedString code;
+    VProfileBlowfishString owner;
 };
 
 using C = Lamp;
@@ -45,9 +47,11 @@ constexpr std::array kRows = {
     String<&C::place>(u"Place", u"desk", u"Where it stands.", InOrvane{u"Place OVN"}),
     Strings<&C::rooms>(u"Rooms", u"Where it may stand."),
     Int<&C::service>(u"Service", 2, u"Set by hand.", NeverSaved),
+    Encoded<&C::code>(u"Code", u"Opens it."),
+    Encrypted<&C::owner>(u"Owner", u"nobody", u"Whose it is."),
 };
 static_assert(NamesAreUnique(kRows));
-static_assert(CountInTable(kRows) == 6);
+static_assert(CountInTable(kRows) == 8);
 
 constexpr std::array kTakesOldName = {
     Bool<&C::isOn>(u"Is On", true, u"", Formerly{u"brightness"}),
@@ -120,6 +124,22 @@ TEST_F(Schema, AMergeRunsBoundsAndRulesAndSkipsWhatIsNotMerged)
     EXPECT_EQ(lamp.ceiling, 3);
 }
 
+TEST_F(Schema, SecretsComeAsPlainTextAndMergeAsSuch)
+{
+    Load({{u"Lamp", u"Code", u"01020304606060"}});
+    EXPECT_EQ(lamp.code, u"abc");
+    EXPECT_EQ(lamp.owner, u"nobody");
+    EXPECT_FALSE(lamp.owner.dirty) << "this default isn't pending";
+    MemoryStoreFactory other;
+    other.Fill({{u"Other", u"Owner", u"uff4e278828af1e590c7a704d134b99c4051f78d27fa2fdb6"},
+                {u"Other", u"Code", u"0000000064"}});
+    const VProfileStore otherStore(&other);
+    const VProfileKey otherKey(otherStore.GetRootKey(), u"Other");
+    schema.Merge(lamp, &otherKey);
+    EXPECT_EQ(lamp.owner, u"secret");
+    EXPECT_EQ(lamp.code, u"d");
+}
+
 TEST_F(Schema, NamesDependOnTheApplicationAndAreShared)
 {
     Load({}, true);
@@ -136,7 +156,7 @@ TEST_F(Schema, TheTableLeavesOutRulesAndWhatIsNeverSaved)
     for (int i = 0; VProfileData* const member = schema.GetMember(lamp, i); ++i)
         table.push_back(member);
     EXPECT_THAT(table, testing::ElementsAre(&lamp.isOn, &lamp.brightness, &lamp.ceiling, &lamp.colour, &lamp.place,
-                                            &lamp.rooms));
+                                            &lamp.rooms, &lamp.code, &lamp.owner));
     EXPECT_EQ(schema.GetMember(lamp, -1), nullptr);
     EXPECT_EQ(schema.View().GetCount(), kRows.size());
     EXPECT_TRUE(schema.View()[3].IsRule());

@@ -212,6 +212,7 @@ TEST(Processes, KnowWhereTheCodeLies)
     EXPECT_EQ(program, std::filesystem::read_symlink("/proc/self/exe").string());
     EXPECT_EQ(processes.ModulePath(reinterpret_cast<const void*>(&Platform)), program);
     EXPECT_EQ(processes.ModulePath(nullptr), "");
+    EXPECT_EQ(processes.CurrentFolder(), std::filesystem::current_path().string());
     EXPECT_TRUE(processes.IsProductExecutable(program, 5));
     EXPECT_FALSE(processes.IsProductExecutable("/", 5));
     EXPECT_FALSE(processes.IsProductExecutable("/no/such/file", 5));

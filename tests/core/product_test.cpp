@@ -1,38 +1,18 @@
 #include "core/product.h"
 
-#include "core/native_path.h"
-#include "core/prompts.h"
 #include "tests/support/fake_platform.h"
+#include "tests/support/recording_prompts.h"
 
 #include <gtest/gtest.h>
 
 namespace ostrand {
 namespace {
 
-struct SeenPrompts : IPrompts {
-    void Show(std::u16string_view text, VPromptIcon icon) override
-    {
-        texts.emplace_back(text);
-        lastIcon = icon;
-    }
-    bool AskYesNo(std::u16string_view, VPromptIcon) override { return true; }
-    bool PickFolder(std::u16string_view, VUnicodeString&) override { return false; }
-    VDownloadAnswer OfferDownload(const VDownloadOffer&) override { return VDownloadAnswer::Exit; }
-    void BeginWait() override { ++waiting; }
-    void EndWait() override { --waiting; }
-
-    std::vector<std::u16string> texts;
-    VPromptIcon lastIcon = VPromptIcon::None;
-    int waiting = 0;
-};
-
 /// A folder /opt/h with the programs that a test puts there, by name and major version.
 class Product : public testing::Test {
 protected:
-    Product() { SetPrompts(&prompts); }
     ~Product() override
     {
-        SetPrompts(nullptr);
         SetCurrentAppProductID(kProductNone);
         Detect({});
     }
@@ -46,7 +26,7 @@ protected:
     }
 
     test::FakePlatform platform;
-    SeenPrompts prompts;
+    test::RecordingPrompts prompts;
 };
 
 std::u16string_view View(const char16_t* text) { return text; }
@@ -104,18 +84,6 @@ TEST_F(Product, AWindowsFolderIsJoinedInItsOwnWay)
     platform.processes.majorVersions["C:/H/Orvane.exe"] = 3;
     EXPECT_TRUE(OstrandUiInitClientApplications(u"C:\\H\\"));
     EXPECT_EQ(View(GetOrvanePath()), u"C:\\H\\Orvane.exe");
-}
-
-TEST(NativePath, JoinsWithOneSeparator)
-{
-    const struct {
-        std::u16string_view folder, name, path;
-    } kCases[] = {
-        {u"C:", u"x", u"C:\\x"},  {u"C:\\", u"\\x", u"C:\\x"}, {u"", u"x", u"\\x"},  {u"/", u"x", u"/x"},
-        {u"/a/", u"/x", u"/a/x"}, {u"/a\\", u"x", u"/a/x"},    {u"/a", u"", u"/a/"}, {u"a/", u"x", u"a/\\x"},
-    };
-    for (const auto& c : kCases)
-        EXPECT_EQ(NameInFolder(c.folder, c.name), c.path) << ToUtf8(c.folder);
 }
 
 TEST_F(Product, ThePairWorksTogetherOnlyWithoutQuillo)

@@ -1,72 +1,22 @@
 // What a freed block holds, seen by the allocator of this program.
 #include "core/buffer.h"
 #include "core/strings.h"
+#include "tests/support/freed_memory.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <functional>
-#include <new>
-
-#include <malloc.h>
-
-namespace {
-
-/// A place in a live block, and what is found there when the block is freed.
-struct Watch {
-    const unsigned char* place = nullptr;
-    size_t size = 0;
-    bool wasFreed = false;
-    bool wasZero = false;
-};
-
-thread_local Watch t_watch;
-
-void LookAt(void* block)
-{
-    Watch& w = t_watch;
-    const auto* const begin = static_cast<unsigned char*>(block);
-    if (!block || !w.place || std::less<>()(w.place, begin) ||
-        !std::less<>()(w.place, begin + malloc_usable_size(block)))
-        return;
-    w.wasFreed = true;
-    w.wasZero = std::all_of(w.place, w.place + w.size, [](unsigned char b) { return b == 0; });
-    w.place = nullptr;
-}
-
-void StartWatching(const void* place, size_t size)
-{
-    t_watch = {static_cast<const unsigned char*>(place), size, false, false};
-}
-
-} // namespace
-
-// Weak, since the runtime of some sanitizers brings its own for good; then there is nothing to see.
-[[gnu::weak]] void* operator new(size_t size)
-{
-    if (void* const block = std::malloc(size > 0 ? size : 1))
-        return block;
-    throw std::bad_alloc();
-}
-[[gnu::weak]] void operator delete(void* block) noexcept
-{
-    LookAt(block);
-    std::free(block);
-}
-[[gnu::weak]] void operator delete(void* block, size_t) noexcept { operator delete(block); }
 
 namespace ostrand {
 namespace {
+
+using namespace test;
 
 class Secrets : public testing::Test {
 protected:
     void SetUp() override
     {
-        VUnicodeString text(u"any");
-        StartWatching(text.c_str(), 1);
-        text.Clear();
-        if (!t_watch.wasFreed)
+        if (!CanWatchMemory())
             GTEST_SKIP() << "the allocator of this build can't be watched";
     }
 };

@@ -1,7 +1,10 @@
 // The states of a value, walked through by every class of value there is. A class that departs from the rule has its
 // own steps beside those of all others.
 #include "profile/blob.h"
+#include "profile/blowfish_value.h"
+#include "profile/capi_string.h"
 #include "profile/color_values.h"
+#include "profile/encoded_string.h"
 #include "profile/log_font.h"
 #include "profile/margins.h"
 #include "profile/multi_line.h"
@@ -9,6 +12,7 @@
 #include "profile/view_state.h"
 #include "profile/window_placement.h"
 #include "tests/profile/value_store.h"
+#include "tests/support/fake_protection.h"
 
 #include <gtest/gtest.h>
 
@@ -65,6 +69,13 @@ public:
     {
         return this->m_value == this->m_samples[0] ? 0 : this->m_value == this->m_samples[1] ? 1 : kNoSample;
     }
+};
+
+/// A protected text, loaded like the others.
+template <class V>
+struct Secret : V {
+    using V::operator=;
+    void Load(const VProfileKey* key, const VUnicodeString& text) { V::Load(key, kName, text.c_str()); }
 };
 
 class BlobSubject : public Subject {
@@ -127,6 +138,9 @@ const std::map<std::string, MakeSubject>& AllClasses()
                                                      VUnicodeString(u"0,5,4294967295,-1,2,80,1,1,90,0,0"))},
         {"explorer frame",
          OfValue<VProfileExplorerFrameState>(VUnicodeString(u"1,-1,200"), VUnicodeString(u"0,1000,-5"))},
+        {"encoded", OfValue<Secret<VProfileEncodedString>>(VUnicodeString(), VUnicodeString(u"lab"))},
+        {"blowfish", OfValue<Secret<VProfileBlowfishString>>(VUnicodeString(u"Lab"), VUnicodeString(u"lab"))},
+        {"capi", OfValue<Secret<VProfileCapiString>>(VUnicodeString(u"Lab"), VUnicodeString(u"lab"))},
         {"blob", [] { return std::make_unique<BlobSubject>(); }},
     };
     return classes;
@@ -175,13 +189,15 @@ const std::vector<Story>& Stories()
         {"a found value is clean", {{Put, 1}, {Load, 0, 1}, {Save, 0, 1}, {SaveForced, 0, 1, kNo, kNo, kWrote}}},
         {"a default is pending, and the next save writes it",
          {{Load, 0, 0, kDirty}, {Save, 0, 0, kNo, kNo, kWrote}, {Save, 0, 0}},
-         {{"blob", {{Load}, {Save}, {SaveForced}}}}},
+         {{"blob", {{Load}, {Save}, {SaveForced}}},
+          {"blowfish", {{Load, 0, 0}, {Save, 0, 0}, {SaveForced, 0, 0, kNo, kNo, kWrote}}}}},
         {"a value of another kind counts as missing and is repaired",
          {{PutOther}, {Load, 0, 0, kDirty}, {Save, 0, 0, kNo, kNo, kWrote}, {Set, 1, 1, kNo, kModified}, {Load, 0, 0}},
-         {{"blob", {{PutOther}, {Load}, {SaveForced}}}}},
+         {{"blob", {{PutOther}, {Load}, {SaveForced}}},
+          {"blowfish", {{PutOther}, {Load, 0, 0}, {Save, 0, 0}, {SaveForced, 0, 0, kNo, kNo, kWrote}}}}},
         {"without a key there is a default and no write",
          {{Put, 1}, {LoadNull, 0, 0, kDirty}, {SaveNull, 0, 0, kDirty}},
-         {{"blob", {{Put, 1}, {LoadNull}, {SaveNull}}}}},
+         {{"blob", {{Put, 1}, {LoadNull}, {SaveNull}}}, {"blowfish", {{Put, 1}, {LoadNull, 0, 0}, {SaveNull, 0, 0}}}}},
         {"a change is written once",
          {{Put, 1},
           {Load, 0, 1},
@@ -218,10 +234,12 @@ const std::vector<Story>& Stories()
         {"reverting leaves a pending default pending",
          {{Load, 0, 0, kDirty}, {Set, 1, 1, kDirty, kModified}, {Revert, 0, 0, kDirty}},
          {{"blob",
-           {{Load}, {Set, 1, 1, kNo, kModified}, {Revert, 1, 1, kNo, kModified}, {Save, 0, 1, kNo, kNo, kWrote}}}}},
+           {{Load}, {Set, 1, 1, kNo, kModified}, {Revert, 1, 1, kNo, kModified}, {Save, 0, 1, kNo, kNo, kWrote}}},
+          {"blowfish", {{Load, 0, 0}, {Set, 1, 1, kNo, kModified}, {Revert, 0, 0}}}}},
         {"a merged value counts as saved",
          {{Load, 0, 0, kDirty}, {Put, 1}, {Merge, 0, 1}, {Save, 0, 1}},
-         {{"blob", {{Load}, {Put, 1}, {Merge, 0, 1}, {Save, 0, 1}}}}},
+         {{"blob", {{Load}, {Put, 1}, {Merge, 0, 1}, {Save, 0, 1}}},
+          {"blowfish", {{Load, 0, 0}, {Put, 1}, {Merge, 0, 1}, {Save, 0, 1}}}}},
         {"a merge that finds nothing changes nothing",
          {{Put, 1},
           {Load, 0, 1},
@@ -317,6 +335,7 @@ bool TakeStep(const Step& step, Subject& subject, const MakeSubject& make, Value
 
 TEST(ValueState, EveryClassFollowsTheSameSteps)
 {
+    const test::FakeProtection protection;
     for (const Story& story : Stories()) {
         for (const auto& [name, make] : AllClasses()) {
             SCOPED_TRACE(name + ": " + story.name);

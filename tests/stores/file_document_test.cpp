@@ -230,7 +230,7 @@ TEST(FileCheck, EachFaultHasItsLine)
           {Kind::ConflictMark, 3, u""},
           {Kind::ConflictMark, 5, u""}}},
         {"A = 1\nB = 2", {{Kind::NoLastLineEnd, 2, u""}}},
-        {"A = 1\nB = \"cut", {{Kind::Unparseable, 2, u"B"}, {Kind::NoLastLineEnd, 2, u""}}},
+        {"A = 1\nB = \"cut", {{Kind::CutLine, 2, u"B"}}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);

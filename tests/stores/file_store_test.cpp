@@ -1,7 +1,6 @@
 #include "stores/file_store.h"
 
 #include "profile/key.h"
-#include "stores/store_places.h"
 #include "tests/support/faulty_files.h"
 #include "tests/support/temp_folder.h"
 
@@ -67,7 +66,7 @@ TEST_F(FileStore, AFileWrittenByHandIsReadAsItStands)
 {
     m_folder.Write("Config/Hand.ini", "\xEF\xBB\xBF; by hand\r\n\r\nColour=0x00FF00\r\n \"List\" = [ \"a\",\"b\" ]\r\n"
                                       "Later = qword:12\r\nBroken = \"open\r\nTwice = 1\r\nnonsense\r\nTWICE = 2\r\n"
-                                      "Both = 7\r\nBoth = oops");
+                                      "Both = 7\r\nBoth = oops\r\n");
     VProfileKey key = Look(u"hand");
     unsigned value = 0;
     VStringArray list;
@@ -99,7 +98,7 @@ TEST_F(FileStore, AFileWrittenByHandIsReadAsItStands)
     EXPECT_EQ(m_folder.Read("Config/Hand.ini"),
               "\xEF\xBB\xBF; by hand\r\n\r\nColour=0x00FF00\r\n \"List\" = [ \"a\",\"b\" ]\r\n"
               "Later = qword:12\r\nBroken = \"open\r\nTwice = 1\r\nnonsense\r\nTWICE = 3\r\n"
-              "Both = 7\r\nBoth = oops");
+              "Both = 7\r\nBoth = oops\r\n");
 }
 
 TEST_F(FileStore, ReadingCostsOneCallAndNothingMore)
@@ -241,12 +240,12 @@ TEST_F(FileStore, AMessageCanTellWhereAValueStands)
     ValuePlace place;
     for (const auto& [name, line] :
          {std::pair(u"A", 5u), {u"B", 0u}, {u"New", 0u}, {static_cast<const char16_t*>(nullptr), 0u}}) {
-        EXPECT_TRUE(FindValuePlace(key, name, place));
+        EXPECT_TRUE(m_readOnly.Extras().FindPlace(u"KEY", name, place));
         EXPECT_EQ(place.file, m_folder.Path("Config/Key.ini"));
         EXPECT_EQ(place.line, line);
     }
     const ValuePlace before = place;
-    EXPECT_FALSE(FindValuePlace(Look(u"Missing"), u"A", place));
+    EXPECT_FALSE(m_readOnly.Extras().FindPlace(u"Missing", u"A", place));
     EXPECT_EQ(place.file, before.file);
 }
 

@@ -48,6 +48,7 @@ public:
     };
 
     std::string ExecutablePath() override { return executablePath; }
+    std::string CurrentFolder() override { return currentFolder; }
     std::string ModulePath(const void*) override { return modulePath; }
     unsigned Start(const std::string& path, const std::vector<std::string>& arguments) override
     {
@@ -62,6 +63,7 @@ public:
     }
 
     std::string executablePath = "/opt/hollowmere/Tessaly";
+    std::string currentFolder = "/home/ann";
     std::string modulePath;
     unsigned startResult = kErrorSuccess;
     std::vector<Started> started;

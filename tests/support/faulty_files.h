@@ -44,6 +44,14 @@ public:
             file = std::make_unique<File>(*this, std::move(opened));
         return code;
     }
+    unsigned OpenAlone(const std::string& path, std::unique_ptr<IFile>& file, VFileInfo& info) override
+    {
+        std::unique_ptr<IFile> opened;
+        const unsigned code = Step("OpenAlone", [&] { return m_real.OpenAlone(path, opened, info); });
+        if (code == kErrorSuccess)
+            file = std::make_unique<File>(*this, std::move(opened));
+        return code;
+    }
     unsigned ReadWhole(const std::string& path, size_t limit, std::string& data, VFileInfo& info) override
     {
         return Step("ReadWhole", [&] { return m_real.ReadWhole(path, limit, data, info); });
@@ -55,6 +63,10 @@ public:
     unsigned Rename(const std::string& from, const std::string& to) override
     {
         return Step("Rename", [&] { return m_real.Rename(from, to); });
+    }
+    unsigned Exchange(const std::string& a, const std::string& b) override
+    {
+        return Step("Exchange", [&] { return m_real.Exchange(a, b); });
     }
     unsigned Remove(const std::string& path) override
     {
@@ -72,6 +84,10 @@ public:
     {
         return Step("SyncFolder", [&] { return m_real.SyncFolder(path); });
     }
+    unsigned SyncMedium(const std::string& path) override
+    {
+        return Step("SyncMedium", [&] { return m_real.SyncMedium(path); });
+    }
     unsigned ListFolder(const std::string& path, std::vector<VFolderEntry>& entries) override
     {
         return Step("ListFolder", [&] { return m_real.ListFolder(path, entries); });
@@ -81,6 +97,10 @@ public:
         return !notWritable && Step("CanWrite", [&] { return m_real.CanWrite(path) ? 0u : kErrorAccessDenied; }) == 0;
     }
     std::string ResolveLinks(const std::string& path) override { return m_real.ResolveLinks(path); }
+    unsigned CreateWatch(std::unique_ptr<IFolderWatch>& watch) override
+    {
+        return Step("CreateWatch", [&] { return m_real.CreateWatch(watch); });
+    }
 
     /// As a folder on a medium that can't be written. Tests may run with all rights, so modes don't do.
     bool notWritable = false;
@@ -106,6 +126,14 @@ private:
         unsigned GetInfo(VFileInfo& info) override
         {
             return m_files.Step("GetInfo", [&] { return m_real->GetInfo(info); });
+        }
+        unsigned SetSize(uint64_t size) override
+        {
+            return m_files.Step("SetSize", [&] { return m_real->SetSize(size); });
+        }
+        unsigned SetRights(const VFileInfo& like) override
+        {
+            return m_files.Step("SetRights", [&] { return m_real->SetRights(like); });
         }
         unsigned Sync() override
         {

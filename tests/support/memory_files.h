@@ -36,6 +36,7 @@ public:
             *existed = isThere;
         return kErrorSuccess;
     }
+    unsigned OpenAlone(const std::string&, std::unique_ptr<IFile>&, VFileInfo&) override { return kErrorNotSupported; }
     unsigned ReadWhole(const std::string& path, size_t limit, std::string& data, VFileInfo& info) override
     {
         const unsigned code = GetInfo(path, info);
@@ -66,9 +67,11 @@ public:
         contents[to] = found->second;
         return Remove(from);
     }
+    unsigned Exchange(const std::string&, const std::string&) override { return kErrorNotSupported; }
     unsigned CreateFolder(const std::string&, unsigned) override { return kErrorSuccess; }
     unsigned RemoveFolder(const std::string&) override { return kErrorSuccess; }
     unsigned SyncFolder(const std::string&) override { return kErrorSuccess; }
+    unsigned SyncMedium(const std::string&) override { return kErrorSuccess; }
     unsigned ListFolder(const std::string&, std::vector<VFolderEntry>& entries) override
     {
         entries.clear();
@@ -76,6 +79,7 @@ public:
     }
     bool CanWrite(const std::string&) override { return true; }
     std::string ResolveLinks(const std::string& path) override { return path; }
+    unsigned CreateWatch(std::unique_ptr<IFolderWatch>&) override { return kErrorNotSupported; }
 
 private:
     class File : public IFile {
@@ -112,6 +116,12 @@ private:
             info.size = m_bytes.size();
             return kErrorSuccess;
         }
+        unsigned SetSize(uint64_t size) override
+        {
+            m_bytes.resize(size);
+            return kErrorSuccess;
+        }
+        unsigned SetRights(const VFileInfo&) override { return kErrorSuccess; }
         unsigned Sync() override { return kErrorSuccess; }
         unsigned Lock(unsigned) override { return kErrorSuccess; }
 

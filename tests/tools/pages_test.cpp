@@ -38,7 +38,14 @@ TEST(ToolPages, HelpHasExamplesForEveryCommand)
                                          {"global", "merge"},
                                          {"global", "diff"},
                                          {"schema", "global"},
-                                         {"store", "dump"}}) {
+                                         {"store", "dump"},
+                                         {"path", "join"},
+                                         {"path", "split"},
+                                         {"path", "expand"},
+                                         {"path", "check"},
+                                         {"path", "executable"},
+                                         {"timezone", "list"},
+                                         {"timezone", "bias"}}) {
         const ToolRun run = RunTool({group, command, "--help"});
         EXPECT_EQ(run.code, 0);
         EXPECT_THAT(run.out, AllOf(HasSubstr(std::string("Examples:\n  ostrandcfg ") + group + " " + command),

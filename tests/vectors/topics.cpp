@@ -20,6 +20,14 @@ std::span<const Topic> Topics()
         Topic{"multi_line", MultiLineKinds()},
         Topic{"raw_block", RawBlockKinds()},
         Topic{"global_config", GlobalConfigKinds()},
+        Topic{"xor_text", XorTextKinds()},
+        Topic{"blowfish_cipher", BlowfishCipherKinds()},
+        Topic{"blowfish_text", BlowfishTextKinds()},
+        Topic{"protected_values", ProtectedValuesKinds()},
+        Topic{"login_script", LoginScriptKinds()},
+        Topic{"paths", PathsKinds()},
+        Topic{"path_tokens", PathTokensKinds()},
+        Topic{"time_zone", TimeZoneKinds()},
     };
     return topics;
 }

@@ -36,5 +36,13 @@ std::span<const Kind> LogFontKinds();
 std::span<const Kind> MultiLineKinds();
 std::span<const Kind> RawBlockKinds();
 std::span<const Kind> GlobalConfigKinds();
+std::span<const Kind> PathsKinds();
+std::span<const Kind> PathTokensKinds();
+std::span<const Kind> TimeZoneKinds();
+std::span<const Kind> XorTextKinds();
+std::span<const Kind> BlowfishCipherKinds();
+std::span<const Kind> BlowfishTextKinds();
+std::span<const Kind> ProtectedValuesKinds();
+std::span<const Kind> LoginScriptKinds();
 
 } // namespace ostrand::vectors

@@ -13,7 +13,7 @@ _ostrandcfg() {
     --app) mapfile -t COMPREPLY < <(compgen -W 'tessaly orvane quillo' -- "$cur"); return ;;
     esac
     case $command in
-    '') words='global schema store' ;;
+    '') words='global schema store history path timezone' ;;
     global) words='list get set reset save merge diff' ;;
     'global list') words='--help' ;;
     'global get') words='--help' list=values ;;
@@ -24,8 +24,23 @@ _ostrandcfg() {
     'global diff') words='--help' ;;
     schema) words='global' ;;
     'schema global') words='--help --markdown' ;;
-    store) words='dump' ;;
+    store) words='dump check' ;;
     'store dump') words='--help' list=keys ;;
+    'store check') words='--help --repair' list=keys ;;
+    history) words='list show diff restore' ;;
+    'history list') words='--help' list=keys ;;
+    'history show') words='--help' list=keys ;;
+    'history diff') words='--help' list=keys ;;
+    'history restore') words='--help' list=keys ;;
+    path) words='join split expand check executable' ;;
+    'path join') words='--help' ;;
+    'path split') words='--help' ;;
+    'path expand') words='--help --host --session' ;;
+    'path check') words='--help' ;;
+    'path executable') words='--help' ;;
+    timezone) words='list bias' ;;
+    'timezone list') words='--help' ;;
+    'timezone bias') words='--help' list=zones ;;
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$words --help --version --config --app --json" -- "$cur")

@@ -6,6 +6,7 @@
 #include "stores/file_store.h"
 #include "timing.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <stdexcept>
 
@@ -39,16 +40,16 @@ struct OstrandHandle : Handle {
     VProfileStore store;
     VProfileKey key;
 
-    OstrandHandle(FileStoreFactory& factory, const VUnicodeString& name, Kind k, bool readOnly)
+    OstrandHandle(FileStoreFactory& factory, const std::u16string& name, Kind k, bool readOnly)
         : kind(k), store(readOnly, &factory), key(store.GetRootKey(), name.c_str())
     {
     }
 
     void read_all(Sink& sink) override
     {
-        const Schema& fields = schema(kind);
-        for (size_t i = 0; i < fields.size(); ++i)
-            read(fields[i].type, names(kind).asStored[i].c_str(), sink);
+        const VUnicodeString* name = names(kind).asStored.data();
+        for (const Field& field : schema(kind))
+            read(field.type, (name++)->c_str(), sink);
     }
 
     void read(Type type, const char16_t* name, Sink& sink)
@@ -103,13 +104,9 @@ struct OstrandHandle : Handle {
     }
     uint32_t find(int field) override
     {
-        const char16_t* const name = names(kind).shouted[size_t(field)].c_str();
-        unsigned value = 0;
-        if (schema(kind)[size_t(field)].type == Type::dword)
-            key.ReadDword(name, &value);
-        else
-            key.ReadBinary(name, nullptr, &value);
-        return value;
+        Sink sink;
+        read(schema(kind)[size_t(field)].type, names(kind).shouted[size_t(field)].c_str(), sink);
+        return uint32_t(sink.hash);
     }
     void set_dword(int field, uint32_t value) override { key.WriteDword(names(kind).asStored[size_t(field)].c_str(), value); }
     void save() override
@@ -146,6 +143,25 @@ public:
     std::unique_ptr<Handle> open(const std::string& path, Kind kind) override
     {
         return std::make_unique<OstrandHandle>(*factory, key_name(path), kind, false);
+    }
+
+    size_t walk(const std::string& folder, int field, uint64_t& sum) override
+    {
+        const VUnicodeString& value = names(Kind::session).asStored[size_t(field)];
+        size_t found = 0;
+        VProfileStore store(true, factory.get());
+        const VProfileKey top(store.GetRootKey(), key_name(folder + suffix()).c_str());
+        VProfileKeyIterator folders(&top, false);
+        for (VUnicodeString name; folders.Next(name);) {
+            const VProfileKey key(&top, name.c_str());
+            VProfileKeyIterator sessions(&key, false);
+            for (VUnicodeString session; sessions.Next(session); ++found) {
+                unsigned number = 0;
+                VProfileKey(&key, session.c_str()).ReadDword(value.c_str(), &number);
+                sum += number;
+            }
+        }
+        return found;
     }
 
     /// W1 without anything kept from an earlier opening: a factory of its own each time.
@@ -190,13 +206,11 @@ private:
     }
 
     /// "ROOT/folder/record.ini" is the key "folder\record".
-    VUnicodeString key_name(const std::string& path) const
+    std::u16string key_name(const std::string& path) const
     {
-        std::string relative = path.substr(root.size() + 1, path.size() - root.size() - 1 - suffix().size());
-        for (char& c : relative)
-            if (c == '/')
-                c = '\\';
-        return text_of(relative);
+        std::u16string name(path.begin() + ptrdiff_t(root.size()) + 1, path.end() - ptrdiff_t(suffix().size()));
+        std::replace(name.begin(), name.end(), u'/', u'\\');
+        return name;
     }
 
     std::string root;

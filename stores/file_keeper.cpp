@@ -1,0 +1,116 @@
+#include "stores/file_keeper.h"
+
+#include "platform/error_codes.h"
+#include "stores/damage_scan.h"
+#include "stores/file_damage.h"
+#include "stores/name_index.h"
+#include "stores/store_lock.h"
+#include "stores/store_options.h"
+
+namespace ostrand {
+
+namespace {
+
+/// From nanoseconds since 1970 to 100 nanoseconds since 1601; 0 stays, for a time that isn't known.
+uint64_t FileTimeOf(int64_t nanoseconds)
+{
+    constexpr int64_t kUnit = 100;
+    constexpr int64_t kFrom1601To1970 = 116'444'736'000'000'000;
+    return nanoseconds == 0 ? 0 : static_cast<uint64_t>(nanoseconds / kUnit + kFrom1601To1970);
+}
+
+std::string ProgramName()
+{
+    const std::string path = Platform().processes->ExecutablePath();
+    return path.substr(path.rfind('/') + 1);
+}
+
+} // namespace
+
+FileHistory& FileKeeper::History()
+{
+    if (!m_history) {
+        m_history = std::make_unique<FileHistory>(m_root, ReadStoreOptions(m_root).history);
+        m_program = ProgramName();
+    }
+    return *m_history;
+}
+
+std::string_view FileKeeper::KeyOf(const std::string& folder) const
+{
+    return folder.size() > m_root.size() ? std::string_view(folder).substr(m_root.size() + 1) : std::string_view();
+}
+
+unsigned FileKeeper::Record(const std::string& folder, std::string_view before, std::string_view after,
+                            const std::vector<std::u16string>& conflicts, int64_t edited)
+{
+    FileHistory& history = History();
+    return history.Append(KeyOf(folder), before, after, {m_program, conflicts, false, FileTimeOf(edited)},
+                          m_memos[folder]);
+}
+
+unsigned FileKeeper::RecordDeletion(const std::string& folder, std::string_view before)
+{
+    FileHistory& history = History();
+    HistoryMemo memo;
+    m_memos.erase(folder);
+    return history.Append(KeyOf(folder), before, {}, {m_program, {}, true, 0}, memo);
+}
+
+std::optional<std::string> FileKeeper::LastGood(const std::string& folder)
+{
+    std::string text;
+    if (History().ReadLast(KeyOf(folder), text) != kErrorSuccess)
+        return std::nullopt;
+    return text;
+}
+
+unsigned FileKeeper::List(const std::string& folder, const std::string* current, const VFileInfo& info,
+                          std::vector<StoreVersion>& versions)
+{
+    return History().List(KeyOf(folder), {current, FileTimeOf(info.changed)}, versions);
+}
+
+unsigned FileKeeper::Read(const std::string& folder, const std::string* current, const VFileInfo& info, unsigned number,
+                          std::string& text)
+{
+    return History().Read(KeyOf(folder), {current, FileTimeOf(info.changed)}, number, text);
+}
+
+std::optional<Damage> FileKeeper::Examine(const std::string& folder, const std::string& text)
+{
+    if (!LooksDamaged(text))
+        return std::nullopt;
+    const std::optional<std::string> last = LastGood(folder);
+    const std::string* const lastGood = last ? &*last : nullptr;
+    if (!IsDamaged(text, lastGood))
+        return std::nullopt;
+    uint64_t& told = m_told[folder];
+    const uint64_t hash = HashBytes(text) | 1;
+    return Damage{Repaired(text, lastGood), std::exchange(told, hash) != hash};
+}
+
+bool FileKeeper::IsDamagedNow(const std::string& folder, const std::string& text)
+{
+    const std::optional<std::string> last = LastGood(folder);
+    return IsDamaged(text, last ? &*last : nullptr);
+}
+
+unsigned FileKeeper::SetAside(const std::string& file, std::string_view text, std::string& aside)
+{
+    aside = AsideName(file, Platform().clock->FileTime());
+    std::unique_ptr<IFile> copy;
+    unsigned code = Files().Open(aside, VFileAccess::Write, VFileDisposition::CreateNew, kFileMode, copy);
+    if (code == kErrorSuccess)
+        code = copy->Write(text.data(), text.size());
+    if (code == kErrorSuccess)
+        code = copy->Sync();
+    copy.reset();
+    if (code == kErrorSuccess)
+        code = Files().SyncFolder(FolderOf(aside));
+    if (code != kErrorSuccess)
+        Files().Remove(aside);
+    return code;
+}
+
+} // namespace ostrand

@@ -1,0 +1,212 @@
+// The saves of a tree: one key at a time, or as a transaction.
+#include "stores/file_journal.h"
+#include "stores/file_tree.h"
+#include "stores/store_lock.h"
+#include "stores/store_messages.h"
+
+namespace ostrand {
+
+void FileTree::SaveLast()
+{
+    for (const auto& [folder, node] : m_nodes) {
+        std::vector<VReportMessageParams> messages;
+        if (const unsigned code = Save(*node, messages); code != kErrorSuccess) {
+            VReportMessageParams& lost = messages.emplace_back();
+            VReportMessageParams reason(code, LibraryModule());
+            Fail(lost, kChangesLost, KeyPath(*node), reason.GetTextOneLine());
+        }
+        for (VReportMessageParams& message : messages)
+            VReportMessage(0, message);
+    }
+}
+
+unsigned FileTree::Lock(unsigned patience, std::unique_ptr<IFile>& lock)
+{
+    unsigned code = LockStore(m_root, patience, lock);
+    if (code == kErrorNotSupported) {
+        if (!m_hasToldOfLocks) {
+            VUnicodeString root;
+            FromUtf8(m_root, root);
+            Fail(m_messages.emplace_back(), kNoStoreLock, root.c_str());
+        }
+        m_hasToldOfLocks = true;
+        code = kErrorSuccess;
+    }
+    return code == kErrorSuccess ? FinishJournal(m_tools) : code;
+}
+
+void FileTree::FinishLeftJournal()
+{
+    VFileInfo info;
+    std::unique_ptr<IFile> lock;
+    // Without the rights to finish it the files show what they hold; whoever may write to them will finish it.
+    if (Files().GetInfo(JournalPath(m_root), info) == kErrorSuccess)
+        Lock(kLockPatience, lock);
+}
+
+unsigned FileTree::Save(FileNode& node, std::vector<VReportMessageParams>& conflicts)
+{
+    if (node.Queue().IsEmpty() || node.IsInTransaction())
+        return kErrorSuccess;
+    std::unique_ptr<IFile> lock;
+    FileSave save(m_tools, node);
+    unsigned code = Lock(kLockPatience, lock);
+    if (code == kErrorSuccess)
+        code = save.Prepare();
+    if (code == kErrorSuccess)
+        code = save.Write();
+    if (code == kErrorSuccess)
+        Finish(save, conflicts);
+    return code;
+}
+
+void FileTree::Finish(FileSave& save, std::vector<VReportMessageParams>& conflicts)
+{
+    for (const std::u16string& name : save.Conflicts())
+        Fail(conflicts.emplace_back(), kValueConflict, KeyPath(save.Node()), name.c_str());
+    TellDamage(save.FoundDamage(), save.Node().Folder());
+    if (const unsigned code = save.Finish(); code != kErrorSuccess)
+        TellHistory(code);
+    if (m_news)
+        m_news->Note(save.Node().Folder(), save.Node().Document().Text());
+}
+
+void FileTree::TellDamage(const std::optional<Damage>& damage, const std::string& folder)
+{
+    if (!damage || !damage->isNews)
+        return;
+    VUnicodeString file;
+    FromUtf8(ValuesFile(folder), file);
+    Fail(m_messages.emplace_back(), kFileDamaged, file.c_str());
+}
+
+void FileTree::TellHistory(unsigned code)
+{
+    if (std::exchange(m_hasToldOfHistory, true))
+        return;
+    VReportMessageParams reason(code, LibraryModule());
+    Fail(m_messages.emplace_back(), kHistoryNotWritten, reason.GetTextOneLine());
+}
+
+void FileTree::TellConflicts(std::vector<VReportMessageParams>& conflicts, IReportMessageParams& report)
+{
+    for (VReportMessageParams& conflict : conflicts) {
+        report.Assign(&conflict);
+        m_messages.push_back(std::move(conflict));
+    }
+}
+
+unsigned FileTree::Flush(FileNode& node, IReportMessageParams& report)
+{
+    std::vector<VReportMessageParams> conflicts;
+    const unsigned code = Save(node, conflicts);
+    if (code != kErrorSuccess)
+        report.SetMessage(code);
+    TellConflicts(conflicts, report);
+    return code;
+}
+
+void FileTree::FlushAtClose(FileNode& node)
+{
+    VReportMessageParams outcome;
+    if (Flush(node, outcome) != kErrorSuccess)
+        Fail(m_messages.emplace_back(), kChangesNotSaved, KeyPath(node), outcome.GetTextOneLine());
+}
+
+unsigned FileTree::BeginTransaction()
+{
+    if (m_transaction)
+        return kErrorInvalidParameter;
+    m_transaction = std::make_unique<FileTransaction>();
+    return kErrorSuccess;
+}
+
+void FileTree::JoinTransaction(FileNode& node)
+{
+    if (m_transaction)
+        m_transaction->Join(node);
+}
+
+unsigned FileTree::Commit(IReportMessageParams& report)
+{
+    if (!m_transaction) {
+        report.SetMessage(kErrorInvalidParameter);
+        return kErrorInvalidParameter;
+    }
+    std::unique_ptr<IFile> lock;
+    std::vector<std::unique_ptr<FileSave>> saves;
+    unsigned code = Lock(kLockPatience, lock);
+    if (code == kErrorSuccess)
+        code = m_transaction->Commit(m_tools, saves);
+    if (code != kErrorSuccess) {
+        TellFailedCommit(code, report);
+        return code;
+    }
+    std::vector<VReportMessageParams> conflicts;
+    for (const auto& save : saves)
+        Finish(*save, conflicts);
+    m_transaction.reset();
+    TellConflicts(conflicts, report);
+    return kErrorSuccess;
+}
+
+unsigned FileTree::Rewrite(FileNode& node, const std::string* text, std::string& aside)
+{
+    std::vector<VReportMessageParams> conflicts;
+    std::unique_ptr<IFile> lock;
+    FileSave save(m_tools, node);
+    unsigned code = Save(node, conflicts);
+    if (code == kErrorSuccess)
+        code = Lock(kLockPatience, lock);
+    if (code == kErrorSuccess)
+        code = save.Prepare();
+    if (code == kErrorSuccess && text)
+        save.SetText(*text);
+    if (code == kErrorSuccess)
+        code = save.Write();
+    aside = save.Aside();
+    if (code == kErrorSuccess)
+        Finish(save, conflicts);
+    for (VReportMessageParams& conflict : conflicts)
+        m_messages.push_back(std::move(conflict));
+    return code;
+}
+
+unsigned FileTree::RewriteKey(const std::string& folder, const std::string* text, std::string& aside)
+{
+    if (m_transaction)
+        return kErrorNotSupported;
+    FileNode& node = *Acquire(NodeOf(folder));
+    const unsigned code = Rewrite(node, text, aside);
+    Close(node);
+    return code;
+}
+
+void FileTree::MakeGood(const std::string& folder, std::string& text)
+{
+    std::optional<Damage> damage = m_tools.keeper.Examine(folder, text);
+    if (!damage)
+        return;
+    TellDamage(damage, folder);
+    text = std::move(damage->good);
+}
+
+void FileTree::RollBack()
+{
+    std::unique_ptr<IFile> lock;
+    if (m_transaction && m_transaction->HasLeftJournal() && LockStore(m_root, kLockPatience, lock) == kErrorSuccess)
+        RemoveJournal(m_root);
+    m_transaction.reset();
+}
+
+void FileTree::TellFailedCommit(unsigned code, IReportMessageParams& report) const
+{
+    report.SetMessage(code);
+    std::vector<JournalEntry> entries;
+    if (ReadJournal(m_root, entries) != kErrorSuccess || entries.empty())
+        return;
+    VReportMessageParams reason(code, LibraryModule());
+    Fail(report, kTransactionPending, reason.GetTextOneLine());
+}
+
+} // namespace ostrand

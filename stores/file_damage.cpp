@@ -232,7 +232,10 @@ std::string AsideName(const std::string& file, uint64_t time)
 
 bool IsAsideName(std::string_view name)
 {
-    return name.find(".ini.damaged") != std::string_view::npos && !name.ends_with(kValuesSuffix);
+    constexpr std::string_view kMark = ".ini.damaged";
+    const size_t mark = name.rfind(kMark);
+    return mark != std::string_view::npos &&
+           name.find_first_not_of("-0123456789", mark + kMark.size()) == std::string_view::npos;
 }
 
 } // namespace ostrand

@@ -1,5 +1,5 @@
 // The versions of each key's file, kept below the store's root in "%history" as one log for each key: that of
-// "Sessions/ Router 1.ini" is "%history/Sessions/Router 1.log", that of the root "%history/%root.log". A ".log" at the
+// "Sessions/Router 1.ini" is "%history/Sessions/Router 1.log", that of the root "%history/%root.log". A ".log" at the
 // end of a key's name is written "%2Elog" in the folder of its subkeys, which else could be another key's log. The form
 // of a log stands in history_record.h.
 //

@@ -13,6 +13,7 @@ namespace ostrand {
 namespace {
 
 constexpr std::string_view kHead = "OstrandUI journal 1\n";
+constexpr std::string_view kAnyHead = "OstrandUI journal "; // and the number of its version
 constexpr std::string_view kEntry = "key ";
 constexpr std::string_view kEnd = "end ";
 
@@ -164,8 +165,11 @@ unsigned ReadJournal(const std::string& root, std::vector<JournalEntry>& entries
     std::string journal;
     VFileInfo info;
     const unsigned code = Files().ReadWhole(JournalPath(root), std::numeric_limits<size_t>::max(), journal, info);
-    if (code == kErrorSuccess && !ParseJournal(journal, entries))
+    if (code == kErrorSuccess && !ParseJournal(journal, entries)) {
         entries.clear();
+        if (journal.starts_with(kAnyHead) && journal.find('\n') != std::string::npos && !journal.starts_with(kHead))
+            return kErrorInvalidData;
+    }
     return code;
 }
 

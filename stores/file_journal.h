@@ -39,7 +39,8 @@ unsigned WriteJournal(const std::string& root, const std::vector<JournalItem>& i
 unsigned SyncJournal(const std::string& root);
 /// It will not come back after a power failure. While a file of its name is there, something is left to do.
 unsigned RemoveJournal(const std::string& root);
-/// kErrorFileNotFound without one; no entries for one that isn't whole.
+/// kErrorFileNotFound without one; no entries for one that isn't whole. kErrorInvalidData for one of a later version:
+/// only that can finish it, and nothing may be saved before.
 unsigned ReadJournal(const std::string& root, std::vector<JournalEntry>& entries);
 
 } // namespace ostrand

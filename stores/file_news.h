@@ -23,7 +23,12 @@ public:
     bool Begin() { return m_isWatching = m_watch.Begin() == kErrorSuccess; }
     int Descriptor() const { return m_isWatching ? m_watch.Descriptor() : -1; }
     /// Keys that may have changed since the last call.
-    unsigned Take(std::set<std::string>& keys) { return m_isWatching ? m_watch.Take(keys) : kErrorSuccess; }
+    unsigned Take(std::set<std::string>& keys)
+    {
+        if (!m_isWatching && !Begin())
+            return kErrorSuccess;
+        return m_watch.Take(keys);
+    }
 
     /// This process read or wrote the key's file.
     void Note(const std::string& folder, std::string_view text) { m_known[folder] = HashOf(text); }

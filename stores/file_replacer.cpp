@@ -14,6 +14,13 @@ namespace {
 /// Folders with a spare at one time; the first of more gives its own up.
 constexpr size_t kMostSpares = 128;
 
+/// Whether the file that was replaced, and now lies at `path`, is still the one that was read.
+bool IsAsFound(const std::string& path, const ReplacedFile& file)
+{
+    VFileInfo info;
+    return Files().GetInfo(path, info) != kErrorSuccess || info.SameState(file.info);
+}
+
 bool HaveSameRights(const VFileInfo& a, const VFileInfo& b)
 {
     return a.mode == b.mode && a.owner == b.owner && a.group == b.group;
@@ -158,6 +165,14 @@ unsigned FileReplacer::TakePlace(const ReplacedFile& file, const std::string& fo
     if (file.exists && m_exchanges) {
         code = Files().Exchange(temporary, file.path);
         m_exchanges = code != kErrorNotSupported;
+    }
+    if (code == kErrorSuccess && !IsAsFound(temporary, file)) {
+        // What was exchanged is newer than what the text was made of. It goes back.
+        code = Files().Exchange(temporary, file.path);
+        Files().Remove(temporary);
+        m_spares.erase(folder);
+        m_unsynced.insert(folder);
+        return code == kErrorSuccess ? kErrorSharingViolation : code;
     }
     if (code == kErrorSuccess) {
         KeepSpare(folder, file.info);

@@ -32,7 +32,8 @@ public:
     explicit FileReplacer(const std::string& root);
 
     /// The contents are on the disk afterwards, or the file is as before. Rights and owner stay. Whether the new name
-    /// is on the disk, too, `SyncNames` tells.
+    /// is on the disk, too, `SyncNames` tells. kErrorSharingViolation, and the file as it is now, where somebody
+    /// changed it since it was read.
     unsigned Replace(const ReplacedFile& file, std::string_view text);
     /// The same without any sync, for files that a journal can redo.
     unsigned ReplaceUnsynced(const ReplacedFile& file, std::string_view text);

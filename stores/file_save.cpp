@@ -11,7 +11,9 @@ unsigned FileSave::Prepare()
     m_file.path = Files().ResolveLinks(m_node.File());
     if (const unsigned code = ReadTheirs(); code != kErrorSuccess)
         return code;
-    m_text = Theirs().WithEdits(Merge());
+    std::string merged = Theirs().WithEdits(Merge());
+    if (!m_hasFixedText)
+        m_text = std::move(merged);
     return m_text.size() > FileDocument::kLimit ? kErrorMoreData : kErrorSuccess;
 }
 
@@ -22,6 +24,8 @@ unsigned FileSave::ReadTheirs()
     m_file.exists = code == kErrorSuccess;
     if (!m_file.exists && !IsMissing(code))
         return code;
+    m_damaged.clear();
+    m_damage.reset();
     if (m_file.exists)
         m_damage = m_tools.keeper.Examine(m_node.Folder(), text);
     if (m_damage) {
@@ -56,6 +60,18 @@ std::vector<ValueEdit> FileSave::Merge()
 
 unsigned FileSave::Write()
 {
+    constexpr int kTries = 8;
+    unsigned code = WriteOnce();
+    for (int i = 1; code == kErrorSharingViolation && i < kTries; ++i) {
+        code = Prepare();
+        if (code == kErrorSuccess)
+            code = WriteOnce();
+    }
+    return code;
+}
+
+unsigned FileSave::WriteOnce()
+{
     unsigned code = kErrorSuccess;
     if (IsNeeded())
         code = SetAside();
@@ -67,11 +83,7 @@ unsigned FileSave::Write()
     return code == kErrorSuccess ? m_tools.replacer.SyncNames(FolderOf(m_file.path)) : code;
 }
 
-unsigned FileSave::WriteUnsynced()
-{
-    const unsigned code = SetAside();
-    return code == kErrorSuccess ? m_tools.replacer.ReplaceUnsynced(m_file, m_text) : code;
-}
+unsigned FileSave::WriteUnsynced() { return m_tools.replacer.ReplaceUnsynced(m_file, m_text); }
 
 unsigned FileSave::SetAside()
 {
@@ -100,7 +112,7 @@ unsigned FileSave::Undo()
     ReplacedFile now = m_file;
     if (const unsigned code = Files().GetInfo(now.path, now.info); code != kErrorSuccess)
         return code;
-    return m_tools.replacer.ReplaceUnsynced(now, Theirs().Text());
+    return m_tools.replacer.ReplaceUnsynced(now, m_damage ? m_damaged : Theirs().Text());
 }
 
 } // namespace ostrand

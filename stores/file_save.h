@@ -30,16 +30,23 @@ public:
     /// Reads the file, makes it good where it is damaged, and merges into it.
     unsigned Prepare();
     /// The text that goes into the file is this one, whatever waits.
-    void SetText(std::string text) { m_text = std::move(text); }
+    void SetText(std::string text)
+    {
+        m_text = std::move(text);
+        m_hasFixedText = true;
+    }
     /// Whether the file has to be written: it changes, or a new key gets its file.
     bool IsNeeded() const { return !m_file.exists || m_damage || m_text != Theirs().Text(); }
     const std::string& Text() const { return m_text; }
     const ReplacedFile& File() const { return m_file; }
     FileNode& Node() const { return m_node; }
 
-    /// Writes where that is needed, down to the disk.
+    /// Keeps a copy of a damaged file. Once; also part of `Write`.
+    unsigned SetAside();
+    /// Writes where that is needed, down to the disk. Merges anew where somebody without the lock, such as an editor,
+    /// changed the file in between.
     unsigned Write();
-    /// Writes, but leaves the syncs to the caller.
+    /// Writes, but leaves the syncs to the caller. kErrorSharingViolation where somebody changed the file in between.
     unsigned WriteUnsynced();
     /// Puts what was there before the write back, as unsynced as that.
     unsigned Undo();
@@ -55,15 +62,16 @@ public:
 
 private:
     unsigned ReadTheirs();
+    unsigned WriteOnce();
     const FileDocument& Theirs() const { return m_isUnchanged ? m_node.Document() : m_theirs; }
     std::vector<ValueEdit> Merge();
-    unsigned SetAside();
 
     SaveTools& m_tools;
     FileNode& m_node;
     ReplacedFile m_file;
     FileDocument m_theirs;
-    bool m_isUnchanged = false; // the file is as the node's document has it
+    bool m_hasFixedText = false; // by SetText
+    bool m_isUnchanged = false;  // the file is as the node's document has it
     std::optional<Damage> m_damage;
     std::string m_damaged; // the damaged text as it was
     std::string m_aside;   // where that is kept

@@ -25,29 +25,40 @@ std::string ValuesFileOf(const std::string& root, const std::string& path)
     return root + '/' + (path.empty() ? std::string(kRootValuesFile) : path + std::string(kValuesSuffix));
 }
 
-unsigned PutInPlace(SaveTools& tools, const JournalEntry& entry)
+/// Adds to `linked` the file, if links led to it: it may lie on another medium.
+unsigned PutInPlace(SaveTools& tools, const JournalEntry& entry, std::vector<std::string>& linked)
 {
     ReplacedFile file;
-    file.path = Files().ResolveLinks(ValuesFileOf(tools.root, entry.path));
+    const std::string values = ValuesFileOf(tools.root, entry.path);
+    file.path = Files().ResolveLinks(values);
+    if (file.path != values)
+        linked.push_back(file.path);
     std::string there;
     const unsigned code = Files().ReadWhole(file.path, FileDocument::kLimit, there, file.info);
     file.exists = code == kErrorSuccess;
+    if (!file.exists && !IsMissing(code))
+        return code;
     return file.exists && there == entry.text ? kErrorSuccess : tools.replacer.ReplaceUnsynced(file, entry.text);
 }
 
-/// Also for files that links lead to another medium.
-unsigned SyncMedia(SaveTools& tools, const Saves& saves)
+unsigned SyncMedia(SaveTools& tools, const std::vector<std::string>& linked)
 {
     unsigned code = Files().SyncMedium(tools.root);
-    VFileInfo root;
-    if (code == kErrorSuccess)
-        code = Files().GetInfo(tools.root, root);
-    for (const auto& save : saves)
-        if (code == kErrorSuccess && save->File().exists && save->File().info.device != root.device)
-            code = Files().SyncMedium(save->File().path);
+    for (const std::string& file : linked)
+        if (code == kErrorSuccess)
+            code = Files().SyncMedium(file);
     if (code == kErrorSuccess)
         tools.replacer.NoteSynced();
     return code;
+}
+
+std::vector<std::string> LinkedFiles(const Saves& saves)
+{
+    std::vector<std::string> linked;
+    for (const auto& save : saves)
+        if (save->File().path != save->Node().File())
+            linked.push_back(save->File().path);
+    return linked;
 }
 
 /// After a failure behind the journal: the files as they were, and no journal. Where that fails, too, the journal
@@ -57,7 +68,7 @@ void TakeBack(SaveTools& tools, const Saves& saves, size_t written)
     for (size_t i = 0; i < written; ++i)
         if (saves[i]->Undo() != kErrorSuccess)
             return;
-    if (SyncMedia(tools, saves) == kErrorSuccess)
+    if (SyncMedia(tools, LinkedFiles(saves)) == kErrorSuccess)
         RemoveJournal(tools.root);
 }
 
@@ -69,17 +80,23 @@ unsigned WriteAll(SaveTools& tools, const Saves& saves, bool& leftJournal)
     for (const auto& save : saves)
         items.push_back({PathBelow(tools.root, save->Node()), save->Text()});
     unsigned code = tools.replacer.SyncAllNames();
+    // Before the journal: whoever finishes that has only the new texts.
+    for (const auto& save : saves)
+        if (code == kErrorSuccess)
+            code = save->SetAside();
     if (code == kErrorSuccess)
         code = WriteJournal(tools.root, items);
     VFileInfo journal;
     leftJournal = code != kErrorSuccess && !IsMissing(Files().GetInfo(JournalPath(tools.root), journal));
     if (code != kErrorSuccess)
         return code;
-    size_t written = 0;
-    while (code == kErrorSuccess && written < saves.size())
-        code = saves[written++]->WriteUnsynced();
+    size_t written = 0; // a save that fails has changed nothing
+    while (code == kErrorSuccess && written < saves.size()) {
+        code = saves[written]->WriteUnsynced();
+        written += code == kErrorSuccess ? 1 : 0;
+    }
     if (code == kErrorSuccess)
-        code = SyncMedia(tools, saves);
+        code = SyncMedia(tools, LinkedFiles(saves));
     if (code != kErrorSuccess)
         TakeBack(tools, saves, written);
     else
@@ -98,11 +115,12 @@ unsigned FinishJournal(SaveTools& tools)
     code = entries.empty() ? kErrorSuccess : SyncJournal(tools.root);
     if (code == kErrorSuccess)
         code = tools.replacer.SyncAllNames();
+    std::vector<std::string> linked;
     for (const JournalEntry& entry : entries)
         if (code == kErrorSuccess)
-            code = PutInPlace(tools, entry);
+            code = PutInPlace(tools, entry, linked);
     if (code == kErrorSuccess && !entries.empty())
-        code = SyncMedia(tools, {});
+        code = SyncMedia(tools, linked);
     return code == kErrorSuccess ? RemoveJournal(tools.root) : code;
 }
 

@@ -202,8 +202,8 @@ unsigned FileTree::OpenExact(const std::string& folder, FileNode*& node)
     FileNode& found = NodeOf(folder);
     if (m_news)
         m_news->Note(folder, text);
-    // What the node has was looked at before.
-    if (text != found.Document().Text() && LooksDamaged(text))
+    // What the node has was looked at before, unless it has nothing yet.
+    if ((found.IsStale() || text != found.Document().Text()) && LooksDamaged(text))
         MakeGood(folder, text);
     found.TakeText(std::move(text));
     node = Acquire(found);
@@ -375,6 +375,8 @@ unsigned FileTree::DeleteKey(const FileNode& from, const char16_t* name)
     if (code == kErrorSuccess)
         code = RemoveKey(folder);
     if (code == kErrorSuccess)
+        RemoveAsides(folder);
+    if (code == kErrorSuccess)
         code = Files().SyncFolder(FolderOf(folder));
     if (code != kErrorSuccess)
         return code;
@@ -382,6 +384,17 @@ unsigned FileTree::DeleteKey(const FileNode& from, const char16_t* name)
         if (path == folder || path.starts_with(folder + '/'))
             node->Forget();
     return kErrorSuccess;
+}
+
+void FileTree::RemoveAsides(const std::string& folder)
+{
+    std::vector<VFolderEntry> entries;
+    const std::string values = ValuesFile(folder);
+    const std::string_view name = std::string_view(values).substr(values.rfind('/') + 1);
+    Files().ListFolder(FolderOf(folder), entries);
+    for (const VFolderEntry& entry : entries)
+        if (!entry.isFolder && entry.name.starts_with(name) && IsAsideName(entry.name))
+            Files().Remove(Joined(FolderOf(folder), entry.name));
 }
 
 unsigned FileTree::RemoveKey(const std::string& folder)

@@ -95,6 +95,8 @@ private:
     /// Of a node without handles; the node may be gone afterwards.
     void Release(FileNode& node);
     unsigned RemoveKey(const std::string& folder);
+    /// Copies of the key's file from when it was damaged.
+    void RemoveAsides(const std::string& folder);
     unsigned RemoveSubkeys(const std::string& folder);
     /// Locks the store against other processes, and finishes what one of them left.
     unsigned Lock(unsigned patience, std::unique_ptr<IFile>& lock);

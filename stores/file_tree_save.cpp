@@ -194,8 +194,11 @@ void FileTree::MakeGood(const std::string& folder, std::string& text)
 void FileTree::RollBack()
 {
     std::unique_ptr<IFile> lock;
-    if (m_transaction && m_transaction->HasLeftJournal() && LockStore(m_root, kLockPatience, lock) == kErrorSuccess)
-        RemoveJournal(m_root);
+    if (m_transaction && m_transaction->HasLeftJournal()) {
+        const unsigned code = LockStore(m_root, kLockPatience, lock);
+        if (code == kErrorSuccess || code == kErrorNotSupported)
+            RemoveJournal(m_root);
+    }
     m_transaction.reset();
 }
 

@@ -4,10 +4,10 @@
 //   mark    = "deleted" | "by " text | "conflict " text     texts as in a key's file; no "by": an edit by other means
 //   hunk    = "@" place LF { "-" line } { "+" line }        place: byte in the version before, decimal
 //   line    = bytes LF [ "\" LF ]                           the "\" takes the line feed before it away again
-//   end     = "end " position " " size " " checksum LF      38 bytes; which record of the log it is, from 1, in 6
-//   digits,
-//                                                           bytes of the record in 9, and the HashText of all of them
-//                                                           before the checksum
+//   end     = "end " position " " size " " checksum LF      38 bytes
+//
+// The position is the record's in the log, from 1, in 6 digits; the size is the record's, in 9; the checksum is the
+// HashText of all its bytes before.
 //
 // A step carries what it took from the version before and what it put there, so the way leads in both directions; a
 // full record starts from nothing. Hashes are of the version's whole text, in 16 hexadecimal digits. The time is UTC in

@@ -3,6 +3,8 @@
 #include "core/fold.h"
 #include "stores/file_format.h"
 
+#include <algorithm>
+
 namespace ostrand {
 
 namespace {

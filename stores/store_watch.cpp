@@ -34,7 +34,9 @@ bool IsKeyFolder(const std::string& path)
 
 unsigned StoreWatch::Begin()
 {
-    const unsigned code = Files().CreateWatch(m_watch);
+    unsigned code = Files().CreateWatch(m_watch);
+    if (code == kErrorSuccess)
+        code = m_watch->Add(m_root);
     if (code == kErrorSuccess)
         AddFolder(m_root, nullptr);
     return code;

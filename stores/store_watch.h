@@ -14,7 +14,7 @@ class StoreWatch {
 public:
     explicit StoreWatch(std::string root) : m_root(std::move(root)) {}
 
-    /// kErrorNotSupported where the system gives no news.
+    /// kErrorNotSupported where the system gives no news; also fails while the store has no folder.
     unsigned Begin();
     int Descriptor() const { return m_watch->Descriptor(); }
     /// Folders of the keys whose files were touched in any way, by anybody; of all keys when news were lost.

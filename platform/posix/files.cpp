@@ -127,19 +127,25 @@ bool IsFolder(int folder, const dirent& entry)
     return fstatat(folder, entry.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
 }
 
-/// The time that files are stamped with, in seconds; it may lag the exact one by some milliseconds.
-time_t StampTime()
+constexpr int64_t kSecond = 1'000'000'000; // nanoseconds
+
+int64_t Nanoseconds(const timespec& time) { return static_cast<int64_t>(time.tv_sec) * kSecond + time.tv_nsec; }
+
+/// The clock that files are stamped with. It lags the exact one by some milliseconds.
+int64_t StampTime()
 {
     timespec now{};
     clock_gettime(CLOCK_REALTIME_COARSE, &now);
-    return now.tv_sec;
+    return Nanoseconds(now);
 }
 
 /// Whether the file may have taken another's name since `start`: an exchange stamps its change of state.
-bool MayBeExchanged(const struct stat& raw, time_t start)
+bool MayBeExchanged(const struct stat& raw, int64_t start)
 {
-    constexpr time_t kLag = 2; // seconds, more than any clock of stamps lags
-    return raw.st_ctim.tv_sec > start - kLag;
+    // Some media cut their stamps, to two seconds at the worst.
+    constexpr long kMillisecond = 1'000'000;
+    const int64_t lag = raw.st_ctim.tv_nsec % kMillisecond == 0 ? 2 * kSecond : kSecond / 20;
+    return Nanoseconds(raw.st_ctim) > start - lag;
 }
 
 bool IsStillAt(const std::string& path, const struct stat& raw)
@@ -200,7 +206,7 @@ public:
         // again behind the reading.
         constexpr int kTries = 16;
         for (int i = 0;; ++i) {
-            const time_t start = StampTime();
+            const int64_t start = StampTime();
             struct stat raw{};
             const unsigned code = ReadOnce(path, limit, data, raw);
             if (code != kErrorSuccess || !MayBeExchanged(raw, start) || IsStillAt(path, raw) || i == kTries) {

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -139,6 +140,44 @@ TEST_F(FileReplacer, RightsGoWithTheKeyNotWithTheSpare)
             EXPECT_EQ(Look(m_folder.Path("Open.ini")).st_gid, 34u);
         }
     }
+}
+
+/// An editor that saves in the last moment before a save takes the file's place.
+class Editor : public test::FaultyFiles {
+public:
+    unsigned Exchange(const std::string& a, const std::string& b) override
+    {
+        if (!m_bytes.empty())
+            std::ofstream(b) << std::exchange(m_bytes, {});
+        return FaultyFiles::Exchange(a, b);
+    }
+    explicit Editor(std::string bytes) : m_bytes(std::move(bytes)) {}
+
+private:
+    std::string m_bytes;
+};
+
+TEST_F(FileReplacer, WhatAnEditorSavedInBetweenIsMerged)
+{
+    Save(u"A", 1);
+    {
+        Editor editor("; by hand\nN = 1\nM = 1\n");
+        Save(u"A", 2);
+    }
+    EXPECT_EQ(m_folder.Read("A.ini"), "; by hand\nN = 2\nM = 1\n");
+    Save(u"B", 1);
+    Editor editor("; by hand\nN = 2\nM = 2\n");
+    VReportMessageParams report;
+    ASSERT_TRUE(m_store->Extras().BeginTransaction(report));
+    VProfileKey(m_store->GetRootKey(), u"A").WriteDword(u"N", 3);
+    VProfileKey(m_store->GetRootKey(), u"B").WriteDword(u"N", 3);
+    EXPECT_FALSE(m_store->Extras().CommitTransaction(report));
+    EXPECT_EQ(report.GetCode(), kErrorSharingViolation);
+    EXPECT_EQ(m_folder.Read("A.ini"), "; by hand\nN = 2\nM = 2\n");
+    EXPECT_EQ(m_folder.Read("B.ini"), "N = 1\n");
+    EXPECT_TRUE(m_store->Extras().CommitTransaction(report));
+    EXPECT_EQ(m_folder.Read("A.ini"), "; by hand\nN = 3\nM = 2\n");
+    EXPECT_EQ(m_folder.Read("B.ini"), "N = 3\n");
 }
 
 } // namespace

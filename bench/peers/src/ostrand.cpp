@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
 #include <stdexcept>
 
 namespace {
@@ -119,17 +120,33 @@ struct OstrandHandle : Handle {
 
 class Ostrand : public Peer {
 public:
-    std::string name() const override { return "OstrandUI"; }
+    std::string name() const override { return HISTORY ? "OstrandUI" : "OstrandUI, no history"; }
     Features features() const override
     {
-        return {"text file per record", "temp, rename", "file and folder", "lock, re-read, merge by value", "value by value", "yes"};
+        return {"text file per record", "spare, exchange; transactions", "file and folder", "lock, re-read, merge by value", "value by value", "yes"};
     }
     std::string suffix() const override { return ".ini"; }
 
     void begin(const std::string& folder) override
     {
         root = folder;
+        if (!HISTORY)
+            std::ofstream(folder + "/%store.ini") << "History Versions = 0\n";
         factory = std::make_unique<FileStoreFactory>(folder);
+    }
+
+    bool change_as_one(const std::vector<std::string>& paths, int field, uint32_t value) override
+    {
+        VProfileStore store(false, factory.get());
+        VReportMessageParams report;
+        bool done = store.Extras().BeginTransaction(report);
+        for (const std::string& path : paths)
+            VProfileKey(store.GetRootKey(), key_name(path).c_str())
+                .WriteDword(names(Kind::session).asStored[size_t(field)].c_str(), value);
+        done = done && store.Extras().CommitTransaction(report);
+        if (!done)
+            throw std::runtime_error("transaction failed: " + std::to_string(report.GetCode()));
+        return true;
     }
 
     void create(const std::string& path, Kind kind, const Record& record) override

@@ -1,8 +1,8 @@
-// Cuts the stories of tests/support/crash_story.h at many points, and tells what was lost.
+// Cuts the stories of tests/crash/crash_story.h at many points, and tells what was lost.
 //
 //     crash_points [POINTS] [SEED]             at least 100,000 points where nothing is said
 //     crash_points STORY CALL FATE SEED        one point again, as a loss was told
-#include "tests/support/crash_story.h"
+#include "tests/crash/crash_story.h"
 
 #include <chrono>
 #include <cstdio>

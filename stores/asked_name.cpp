@@ -9,15 +9,6 @@ namespace ostrand {
 
 namespace {
 
-/// Small letters in all eight bytes, everything else unchanged.
-uint64_t FoldAscii(uint64_t word)
-{
-    const uint64_t low = word & ~kEachTop;
-    const uint64_t fromA = low + (0x80 - 'A') * kEachByte;
-    const uint64_t behindZ = low + (0x80 - 'Z' - 1) * kEachByte;
-    return word | (fromA & ~behindZ & ~word & kEachTop) >> 2;
-}
-
 bool EqualAsciiNoCase(const char* a, const char* b, size_t size)
 {
     for (; size >= 8; a += 8, b += 8, size -= 8)

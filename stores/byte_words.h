@@ -47,6 +47,15 @@ inline uint64_t TestBelow(uint64_t word, unsigned char limit) { return (word - l
 
 inline uint64_t TestNonAscii(uint64_t word) { return word & kEachTop; }
 
+/// Small letters in all eight bytes, everything else unchanged.
+inline uint64_t FoldAscii(uint64_t word)
+{
+    const uint64_t low = word & ~kEachTop;
+    const uint64_t fromA = low + (0x80 - 'A') * kEachByte;
+    const uint64_t behindZ = low + (0x80 - 'Z' - 1) * kEachByte;
+    return word | (fromA & ~behindZ & ~word & kEachTop) >> 2;
+}
+
 /// Which byte passed first; `passed` isn't 0.
 inline size_t FirstOf(uint64_t passed) { return static_cast<size_t>(std::countr_zero(passed)) / 8; }
 

@@ -180,6 +180,9 @@ std::string FileDocument::WithEdits(std::span<const ValueEdit> edits) const
         done = r.to;
     }
     text.append(m_text, done);
+    // A line that came first now must not become the file's mark.
+    if (text.starts_with(kByteOrderMark) && !m_text.starts_with(kByteOrderMark))
+        text.insert(0, LineEnd());
     if (!appended.empty() && !text.empty() && text != kByteOrderMark && text.back() != '\n')
         text += text.back() == '\r' ? "\n" : LineEnd();
     return text += appended;

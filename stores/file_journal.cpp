@@ -64,6 +64,13 @@ bool TakeBytes(std::string_view& from, size_t size, std::string& out)
     return true;
 }
 
+/// By its first line; one that was torn or garbled there is of no version, and holds nobody up.
+bool IsOfLaterVersion(std::string_view journal)
+{
+    size_t version = 0;
+    return Take(journal, kAnyHead) && TakeSize(journal, '\n', version) && version > 1;
+}
+
 /// A journal is obeyed blindly, so it must not lead out of the store.
 bool IsKeyPath(std::string_view path)
 {
@@ -167,7 +174,7 @@ unsigned ReadJournal(const std::string& root, std::vector<JournalEntry>& entries
     const unsigned code = Files().ReadWhole(JournalPath(root), std::numeric_limits<size_t>::max(), journal, info);
     if (code == kErrorSuccess && !ParseJournal(journal, entries)) {
         entries.clear();
-        if (journal.starts_with(kAnyHead) && journal.find('\n') != std::string::npos && !journal.starts_with(kHead))
+        if (IsOfLaterVersion(journal))
             return kErrorInvalidData;
     }
     return code;

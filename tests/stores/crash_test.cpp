@@ -1,5 +1,5 @@
 // Stories over a file store, cut at any call. bench/crash_points runs the same at many more points.
-#include "tests/support/crash_story.h"
+#include "tests/crash/crash_story.h"
 
 #include <gtest/gtest.h>
 

@@ -37,6 +37,12 @@ TEST(FileDocument, AnEditMovesOnlyItsOwnBytes)
         std::string expected;
     };
     const Case cases[] = {
+        {"a line that comes first is no mark of the file",
+         "B = 1\n\xEF\xBB\xBF"
+         "A = 2\n",
+         u"B", nullptr,
+         "\n\xEF\xBB\xBF"
+         "A = 2\n"},
         {"spacing and spelling of the line stay", "  a  name =\t0x10 \t\nB = 1\n", u"A  NAME", "17",
          "  a  name =\t17 \t\nB = 1\n"},
         {"comments and blank lines stay", "; head\n\nA = 1\n# tail\n", u"A", "2", "; head\n\nA = 2\n# tail\n"},

@@ -1,5 +1,5 @@
 // The simulated disk finds the faults of careless savers, and none of a careful one.
-#include "tests/support/sim_disk.h"
+#include "tests/crash/sim_disk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "tests/support/crash_story.h"
+#include "tests/crash/crash_story.h"
 
 #include "core/report.h"
-#include "tests/support/crash_programs.h"
+#include "tests/crash/crash_programs.h"
 
 #include <algorithm>
 #include <array>

@@ -4,7 +4,7 @@
 #include "platform/platform.h"
 #include "profile/key.h"
 #include "stores/file_store.h"
-#include "tests/support/crash_story.h"
+#include "tests/crash/crash_story.h"
 
 #include <array>
 #include <memory>

@@ -2,7 +2,7 @@
 // failure or a fault; then the store is opened anew, and no key may show anything but one of its whole states.
 #pragma once
 
-#include "tests/support/sim_disk.h"
+#include "tests/crash/sim_disk.h"
 
 #include <functional>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "tests/support/sim_disk.h"
+#include "tests/crash/sim_disk.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // What reaches the disk: syncs, and what a power failure makes of the rest.
-#include "tests/support/sim_disk.h"
+#include "tests/crash/sim_disk.h"
 
 #include <algorithm>
 #include <iterator>

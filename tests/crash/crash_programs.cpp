@@ -1,4 +1,4 @@
-#include "tests/support/crash_programs.h"
+#include "tests/crash/crash_programs.h"
 
 #include <algorithm>
 

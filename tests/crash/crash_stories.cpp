@@ -1,5 +1,5 @@
 // The stories themselves.
-#include "tests/support/crash_story.h"
+#include "tests/crash/crash_story.h"
 
 namespace ostrand::test {
 

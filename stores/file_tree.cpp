@@ -5,6 +5,7 @@
 #include "stores/file_damage.h"
 #include "stores/file_journal.h"
 #include "stores/file_names.h"
+#include "stores/key_files.h"
 #include "stores/store_lock.h"
 #include "stores/store_messages.h"
 
@@ -20,110 +21,6 @@ namespace {
 constexpr size_t kClosedBytes = 1u << 20;
 /// What a document takes besides its text, roughly.
 constexpr size_t kDocumentOverhead = 1024;
-
-std::string Joined(std::string_view folder, std::string_view name)
-{
-    std::string path;
-    path.reserve(folder.size() + 1 + name.size() + kValuesSuffix.size());
-    path += folder;
-    path += '/';
-    return path += name;
-}
-
-std::string ValuesFileBeside(const std::string& folder) { return folder + std::string(kValuesSuffix); }
-
-bool IsFolder(const std::string& path)
-{
-    VFileInfo info;
-    return Files().GetInfo(path, info) == kErrorSuccess && info.isFolder;
-}
-
-bool IsFile(const std::string& path)
-{
-    VFileInfo info;
-    return Files().GetInfo(path, info) == kErrorSuccess && !info.isFolder;
-}
-
-bool IsKey(const std::string& folder) { return IsFile(ValuesFileBeside(folder)) || IsFolder(folder); }
-
-bool IsReadableKey(const std::string& folder)
-{
-    std::unique_ptr<IFile> file;
-    const unsigned code =
-        Files().Open(ValuesFileBeside(folder), VFileAccess::Read, VFileDisposition::OpenExisting, 0, file);
-    VFileInfo info;
-    if (code == kErrorSuccess)
-        return file->GetInfo(info) == kErrorSuccess && !info.isFolder;
-    return IsMissing(code) && IsFolder(folder);
-}
-
-/// The key that a folder's entry belongs to; false for files that are no key's.
-bool KeyOf(const VFolderEntry& entry, std::u16string& name, std::string_view& base)
-{
-    base = entry.name;
-    if (!entry.isFolder) {
-        if (!base.ends_with(kValuesSuffix))
-            return false;
-        base.remove_suffix(kValuesSuffix.size());
-    }
-    return DecodeKeyName(base, name);
-}
-
-/// Folder of a subkey as it is spelled on the disk; false, with the spelling of `name`, where there is none.
-bool FindChild(const std::string& folder, std::u16string_view name, std::string& child)
-{
-    child = Joined(folder, EncodeKeyName(name));
-    if (IsKey(child))
-        return true;
-    std::vector<VFolderEntry> entries;
-    if (Files().ListFolder(folder, entries) != kErrorSuccess)
-        return false;
-    std::u16string there;
-    std::string_view base;
-    for (const VFolderEntry& entry : entries)
-        if (KeyOf(entry, there, base) && EqualNoCase(there, name)) {
-            child = Joined(folder, base);
-            return true;
-        }
-    return false;
-}
-
-/// A name below a key, as the path that a key of this very spelling has.
-struct Target {
-    std::u16string_view name;
-    std::string exact;
-
-    unsigned Cut(const FileNode& from, const char16_t* path)
-    {
-        name = NameOf(path);
-        exact.reserve(from.Folder().size() + 1 + name.size() + kValuesSuffix.size());
-        exact = from.Folder();
-        bool fits = true;
-        const bool isWhole = ForEachLevel(name, [&](std::u16string_view level) {
-            const size_t before = exact.size();
-            exact += '/';
-            AppendKeyName(level, exact);
-            fits = fits && exact.size() - before - 1 + kValuesSuffix.size() <= kLongestFileName;
-        });
-        return isWhole && fits ? kErrorSuccess : kErrorInvalidParameter;
-    }
-};
-
-/// The folder as it is spelled on the disk; false where a level is missing, from which on it is spelled as asked.
-bool Resolve(const FileNode& from, const Target& target, std::string& folder)
-{
-    folder = from.Folder();
-    bool isThere = true;
-    ForEachLevel(target.name, [&](std::u16string_view level) {
-        std::string child;
-        if (isThere)
-            isThere = FindChild(folder, level, child);
-        else
-            child = Joined(folder, EncodeKeyName(level));
-        folder = std::move(child);
-    });
-    return isThere;
-}
 
 std::string WithoutFinalSlash(std::string path)
 {
@@ -212,15 +109,15 @@ unsigned FileTree::OpenExact(const std::string& folder, FileNode*& node)
 
 unsigned FileTree::Open(const FileNode& from, const char16_t* name, bool mayCreate, FileNode*& node)
 {
-    Target target;
-    unsigned code = target.Cut(from, name);
+    KeyTarget target;
+    unsigned code = target.Cut(from.Folder(), name);
     if (code != kErrorSuccess)
         return code;
     code = OpenExact(target.exact, node);
     if (!IsMissing(code))
         return code;
     std::string folder;
-    const bool isThere = Resolve(from, target, folder);
+    const bool isThere = Resolve(from.Folder(), target, folder);
     if (FileNode* const found = isThere ? nullptr : FindNewKey(folder)) {
         node = Acquire(*found);
         return kErrorSuccess;
@@ -268,11 +165,10 @@ unsigned FileTree::FindFolder(const char16_t* path, std::string& folder)
     folder = m_root;
     if (!path || !*path)
         return kErrorSuccess;
-    const FileNode& root = NodeOf(m_root);
-    Target target;
-    const unsigned code = target.Cut(root, path);
+    KeyTarget target;
+    const unsigned code = target.Cut(m_root, path);
     if (code == kErrorSuccess)
-        Resolve(root, target, folder);
+        Resolve(m_root, target, folder);
     return code;
 }
 
@@ -351,22 +247,22 @@ void FileTree::Release(FileNode& node)
 
 bool FileTree::KeyExists(const FileNode& from, const char16_t* name)
 {
-    Target target;
-    if (target.Cut(from, name) != kErrorSuccess)
+    KeyTarget target;
+    if (target.Cut(from.Folder(), name) != kErrorSuccess)
         return false;
     std::string folder;
     if (IsReadableKey(target.exact))
         return true;
-    return Resolve(from, target, folder) ? IsReadableKey(folder) : FindNewKey(folder) != nullptr;
+    return Resolve(from.Folder(), target, folder) ? IsReadableKey(folder) : FindNewKey(folder) != nullptr;
 }
 
 unsigned FileTree::DeleteKey(const FileNode& from, const char16_t* name)
 {
-    Target target;
+    KeyTarget target;
     std::string folder;
-    if (const unsigned code = target.Cut(from, name); code != kErrorSuccess)
+    if (const unsigned code = target.Cut(from.Folder(), name); code != kErrorSuccess)
         return code;
-    if (!Resolve(from, target, folder))
+    if (!Resolve(from.Folder(), target, folder))
         return kErrorFileNotFound;
     if (m_transaction)
         return kErrorNotSupported;

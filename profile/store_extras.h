@@ -45,7 +45,8 @@ public:
     /// All that was written since reaches the medium, or nothing does, also if the machine fails meanwhile. On failure
     /// the transaction stays open, for another try or to be rolled back.
     virtual bool CommitTransaction(IReportMessageParams& report);
-    /// Takes all writes since the beginning back.
+    /// Takes all writes since the beginning back. Not those of a commit that failed with the word that its changes are
+    /// recorded: a store finishes these later.
     virtual void RollBackTransaction() {}
 
     /// The keys that other programs changed, made or deleted since the last call; handles that are open show the new

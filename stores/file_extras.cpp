@@ -71,61 +71,58 @@ bool FileExtras::FindPlace(const char16_t* key, const char16_t* valueName, Value
     return true;
 }
 
-bool FileExtras::ListVersions(const char16_t* key, std::vector<StoreVersion>& versions, IReportMessageParams& report)
+template <class Act>
+bool FileExtras::WithPresent(const char16_t* key, IReportMessageParams& report, Act act)
 {
     const FileTree::Guard guard(*m_tree);
     Present present;
     unsigned code = present.Look(*m_tree, key);
     if (code == kErrorSuccess)
-        code = m_tree->Keeper().List(present.folder, present.Text(), present.info, versions);
+        code = act(present);
     return Told(report, code);
+}
+
+bool FileExtras::ListVersions(const char16_t* key, std::vector<StoreVersion>& versions, IReportMessageParams& report)
+{
+    return WithPresent(key, report, [&](const Present& present) {
+        return m_tree->Keeper().List(present.folder, present.Text(), present.info, versions);
+    });
 }
 
 bool FileExtras::ReadVersion(const char16_t* key, unsigned number, std::string& text, IReportMessageParams& report)
 {
-    const FileTree::Guard guard(*m_tree);
-    Present present;
-    unsigned code = present.Look(*m_tree, key);
-    if (code == kErrorSuccess)
-        code = m_tree->Keeper().Read(present.folder, present.Text(), present.info, number, text);
-    return Told(report, code);
+    return WithPresent(key, report, [&](const Present& present) {
+        return m_tree->Keeper().Read(present.folder, present.Text(), present.info, number, text);
+    });
 }
 
 bool FileExtras::RestoreVersion(const char16_t* key, unsigned number, IReportMessageParams& report)
 {
-    const FileTree::Guard guard(*m_tree);
-    Present present;
-    std::string text;
-    std::string aside;
-    unsigned code = present.Look(*m_tree, key);
-    if (code == kErrorSuccess)
-        code = m_tree->Keeper().Read(present.folder, present.Text(), present.info, number, text);
-    if (code == kErrorSuccess)
-        code = m_tree->RewriteKey(present.folder, &text, aside);
-    return Told(report, code);
+    return WithPresent(key, report, [&](const Present& present) {
+        std::string text;
+        std::string aside;
+        const unsigned code = m_tree->Keeper().Read(present.folder, present.Text(), present.info, number, text);
+        return code == kErrorSuccess ? m_tree->RewriteKey(present.folder, &text, aside) : code;
+    });
 }
 
 bool FileExtras::ProposeRepair(const char16_t* key, std::string& text, IReportMessageParams& report)
 {
-    const FileTree::Guard guard(*m_tree);
-    Present present;
-    const unsigned code = present.Look(*m_tree, key);
-    if (code != kErrorSuccess || !present.isThere)
-        return Told(report, code == kErrorSuccess ? kErrorFileNotFound : code);
-    const std::optional<Damage> damage = m_tree->Keeper().Examine(present.folder, present.text);
-    text = damage ? damage->good : present.text;
-    return true;
+    return WithPresent(key, report, [&](const Present& present) {
+        if (!present.isThere)
+            return kErrorFileNotFound;
+        text = m_tree->Keeper().MadeGood(present.folder, present.text).value_or(present.text);
+        return kErrorSuccess;
+    });
 }
 
 bool FileExtras::RepairKey(const char16_t* key, std::string& aside, IReportMessageParams& report)
 {
-    const FileTree::Guard guard(*m_tree);
-    Present present;
-    unsigned code = present.Look(*m_tree, key);
     aside.clear();
-    if (code == kErrorSuccess && present.isThere && m_tree->Keeper().IsDamagedNow(present.folder, present.text))
-        code = m_tree->RewriteKey(present.folder, nullptr, aside);
-    return Told(report, code);
+    return WithPresent(key, report, [&](const Present& present) {
+        const bool isDamaged = present.isThere && m_tree->Keeper().MadeGood(present.folder, present.text);
+        return isDamaged ? m_tree->RewriteKey(present.folder, nullptr, aside) : kErrorSuccess;
+    });
 }
 
 } // namespace ostrand

@@ -24,8 +24,13 @@ public:
     bool ProposeRepair(const char16_t* key, std::string& text, IReportMessageParams& report) override;
     bool RepairKey(const char16_t* key, std::string& aside, IReportMessageParams& report) override;
 
+protected:
+    const std::shared_ptr<FileTree> m_tree;
+
 private:
-    std::shared_ptr<FileTree> m_tree;
+    /// Calls `act` with the key's file as it is; the result of both goes to the report.
+    template <class Act>
+    bool WithPresent(const char16_t* key, IReportMessageParams& report, Act act);
 };
 
 } // namespace ostrand

@@ -3,21 +3,19 @@
 #include "platform/error_codes.h"
 #include "stores/damage_scan.h"
 #include "stores/file_damage.h"
+#include "stores/iso_time.h"
 #include "stores/name_index.h"
 #include "stores/store_lock.h"
 #include "stores/store_options.h"
+
+#include <utility>
 
 namespace ostrand {
 
 namespace {
 
-/// From nanoseconds since 1970 to 100 nanoseconds since 1601; 0 stays, for a time that isn't known.
-uint64_t FileTimeOf(int64_t nanoseconds)
-{
-    constexpr int64_t kUnit = 100;
-    constexpr int64_t kFrom1601To1970 = 116'444'736'000'000'000;
-    return nanoseconds == 0 ? 0 : static_cast<uint64_t>(nanoseconds / kUnit + kFrom1601To1970);
-}
+/// 0 stays, for a time that isn't known.
+uint64_t FileTimeOf(int64_t nanoseconds) { return nanoseconds == 0 ? 0 : TimeOfFile(nanoseconds).ticks; }
 
 std::string ProgramName()
 {
@@ -77,23 +75,21 @@ unsigned FileKeeper::Read(const std::string& folder, const std::string* current,
     return History().Read(KeyOf(folder), {current, FileTimeOf(info.changed)}, number, text);
 }
 
-std::optional<Damage> FileKeeper::Examine(const std::string& folder, const std::string& text)
+std::optional<std::string> FileKeeper::MadeGood(const std::string& folder, const std::string& damaged)
 {
-    if (!LooksDamaged(text))
+    if (!LooksDamaged(damaged))
         return std::nullopt;
     const std::optional<std::string> last = LastGood(folder);
     const std::string* const lastGood = last ? &*last : nullptr;
-    if (!IsDamaged(text, lastGood))
+    if (!IsDamaged(damaged, lastGood))
         return std::nullopt;
-    uint64_t& told = m_told[folder];
-    const uint64_t hash = HashBytes(text) | 1;
-    return Damage{Repaired(text, lastGood), std::exchange(told, hash) != hash};
+    return Repaired(damaged, lastGood);
 }
 
-bool FileKeeper::IsDamagedNow(const std::string& folder, const std::string& text)
+bool FileKeeper::IsUntold(const std::string& folder, std::string_view damaged)
 {
-    const std::optional<std::string> last = LastGood(folder);
-    return IsDamaged(text, last ? &*last : nullptr);
+    const uint64_t hash = HashBytes(damaged) | 1; // 0: nothing was told
+    return std::exchange(m_told[folder], hash) != hash;
 }
 
 unsigned FileKeeper::SetAside(const std::string& file, std::string_view text, std::string& aside)

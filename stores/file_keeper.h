@@ -13,12 +13,6 @@
 
 namespace ostrand {
 
-/// What is known of a text that is damaged.
-struct Damage {
-    std::string good;    ///< the text with what could be put back
-    bool isNews = false; ///< found for the first time in this process
-};
-
 /// Keys are named by their folders, as FileNode has them. Used under the mutex of the tree; what writes, under the
 /// store's lock, too.
 class FileKeeper {
@@ -38,10 +32,10 @@ public:
     unsigned Read(const std::string& folder, const std::string* current, const VFileInfo& info, unsigned number,
                   std::string& text);
 
-    /// None for a text that is good. Cheap for one that looks it.
-    std::optional<Damage> Examine(const std::string& folder, const std::string& text);
-    /// The same question alone, for a text that is looked at in passing.
-    bool IsDamagedNow(const std::string& folder, const std::string& text);
+    /// A damaged text with what could be put back; none for a text that is good. Cheap for one that looks it.
+    std::optional<std::string> MadeGood(const std::string& folder, const std::string& damaged);
+    /// Whether nobody was told of this damaged text yet; from now on somebody was.
+    bool IsUntold(const std::string& folder, std::string_view damaged);
     /// Copies a damaged text to a file beside the key's, down to the disk.
     static unsigned SetAside(const std::string& file, std::string_view text, std::string& aside);
 

@@ -62,13 +62,18 @@ unsigned FileReplacer::MakeDurable(const std::string& folder)
             code = Files().GetInfo(folder, info);
     }
     const auto known = m_durable.find(folder);
-    if (code != kErrorSuccess || (known != m_durable.end() && known->second.file == info.file))
+    if (code != kErrorSuccess || (known != m_durable.end() && known->second == info.file))
         return code;
-    for (std::string at = folder; code == kErrorSuccess && at.size() >= m_root.size(); at = FolderOf(at))
+    for (std::string at = folder; code == kErrorSuccess && IsOfStore(at); at = FolderOf(at))
         code = Files().SyncFolder(FolderOf(at));
     if (code == kErrorSuccess)
-        m_durable[folder] = info;
+        m_durable[folder] = info.file;
     return code;
+}
+
+bool FileReplacer::IsOfStore(const std::string& folder) const
+{
+    return folder == m_root || folder.starts_with(m_root + '/');
 }
 
 unsigned FileReplacer::SyncNames(const std::string& folder)
@@ -167,11 +172,9 @@ unsigned FileReplacer::TakePlace(const ReplacedFile& file, const std::string& fo
         m_exchanges = code != kErrorNotSupported;
     }
     if (code == kErrorSuccess && !IsAsFound(temporary, file)) {
-        // What was exchanged is newer than what the text was made of. It goes back.
-        code = Files().Exchange(temporary, file.path);
-        Files().Remove(temporary);
         m_spares.erase(folder);
         m_unsynced.insert(folder);
+        code = TakeBack(file, temporary);
         return code == kErrorSuccess ? kErrorSharingViolation : code;
     }
     if (code == kErrorSuccess) {
@@ -186,6 +189,15 @@ unsigned FileReplacer::TakePlace(const ReplacedFile& file, const std::string& fo
     if (code == kErrorSuccess)
         m_unsynced.insert(folder);
     return code;
+}
+
+unsigned FileReplacer::TakeBack(const ReplacedFile& file, const std::string& temporary)
+{
+    // What was exchanged is newer than what the new text was made of.
+    if (Files().Exchange(temporary, file.path) != kErrorSuccess)
+        return Files().Rename(temporary, file.path);
+    Files().Remove(temporary);
+    return kErrorSuccess;
 }
 
 void FileReplacer::KeepSpare(const std::string& folder, const VFileInfo& info)

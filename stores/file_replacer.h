@@ -38,7 +38,7 @@ public:
     /// The same without any sync, for files that a journal can redo.
     unsigned ReplaceUnsynced(const ReplacedFile& file, std::string_view text);
     /// Makes the folder of a key's first values, and its own name durable, with those of all folders above it up to the
-    /// store's. Values are no safer than their folders; and who made those may have been killed before a sync.
+    /// store's. A folder that a link led to was there before. Values are no safer than their folders; and who made those may have been killed before a sync.
     unsigned MakeDurable(const std::string& folder);
     /// Makes the names in the folder durable where a replacement left that open.
     unsigned SyncNames(const std::string& folder);
@@ -59,6 +59,9 @@ private:
     unsigned OpenSpare(const ReplacedFile& file, const std::string& folder, std::unique_ptr<IFile>& opened,
                        uint64_t& size);
     unsigned CreateTemporary(const ReplacedFile& file, const std::string& folder, std::unique_ptr<IFile>& opened);
+    bool IsOfStore(const std::string& folder) const;
+    /// Puts what lies at `temporary` back, which others wrote since it was read.
+    static unsigned TakeBack(const ReplacedFile& file, const std::string& temporary);
     unsigned TakePlace(const ReplacedFile& file, const std::string& folder);
     void KeepSpare(const std::string& folder, const VFileInfo& info);
 
@@ -68,7 +71,7 @@ private:
     /// another file's meanwhile.
     std::map<std::string, VFileInfo> m_spares;
     std::set<std::string> m_unsynced;           // folders with a new name that isn't known to be on the disk
-    std::map<std::string, VFileInfo> m_durable; // folders that are known to be
+    std::map<std::string, uint64_t> m_durable; // folders that are known to be, with their file numbers
     bool m_exchanges = true;
 };
 

@@ -12,8 +12,7 @@ unsigned FileSave::Prepare()
     if (const unsigned code = ReadTheirs(); code != kErrorSuccess)
         return code;
     std::string merged = Theirs().WithEdits(Merge());
-    if (!m_hasFixedText)
-        m_text = std::move(merged);
+    m_text = m_fixedText ? *m_fixedText : std::move(merged);
     return m_text.size() > FileDocument::kLimit ? kErrorMoreData : kErrorSuccess;
 }
 
@@ -24,13 +23,13 @@ unsigned FileSave::ReadTheirs()
     m_file.exists = code == kErrorSuccess;
     if (!m_file.exists && !IsMissing(code))
         return code;
-    m_damaged.clear();
-    m_damage.reset();
+    m_damaged.reset();
+    std::optional<std::string> good;
     if (m_file.exists)
-        m_damage = m_tools.keeper.Examine(m_node.Folder(), text);
-    if (m_damage) {
+        good = m_tools.keeper.MadeGood(m_node.Folder(), text);
+    if (good) {
         m_damaged = std::move(text);
-        text = m_damage->good;
+        text = std::move(*good);
     }
     m_isUnchanged = text == m_node.Document().Text();
     if (!m_isUnchanged)
@@ -87,9 +86,9 @@ unsigned FileSave::WriteUnsynced() { return m_tools.replacer.ReplaceUnsynced(m_f
 
 unsigned FileSave::SetAside()
 {
-    if (m_damaged.empty() || !m_aside.empty())
+    if (!m_damaged || m_damaged->empty() || !m_aside.empty())
         return kErrorSuccess;
-    const unsigned code = FileKeeper::SetAside(m_file.path, m_damaged, m_aside);
+    const unsigned code = FileKeeper::SetAside(m_file.path, *m_damaged, m_aside);
     if (code != kErrorSuccess)
         m_aside.clear();
     return code;
@@ -112,7 +111,7 @@ unsigned FileSave::Undo()
     ReplacedFile now = m_file;
     if (const unsigned code = Files().GetInfo(now.path, now.info); code != kErrorSuccess)
         return code;
-    return m_tools.replacer.ReplaceUnsynced(now, m_damage ? m_damaged : Theirs().Text());
+    return m_tools.replacer.ReplaceUnsynced(now, m_damaged ? *m_damaged : Theirs().Text());
 }
 
 } // namespace ostrand

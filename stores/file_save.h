@@ -29,14 +29,10 @@ public:
 
     /// Reads the file, makes it good where it is damaged, and merges into it.
     unsigned Prepare();
-    /// The text that goes into the file is this one, whatever waits.
-    void SetText(std::string text)
-    {
-        m_text = std::move(text);
-        m_hasFixedText = true;
-    }
+    /// Before `Prepare`: the text that goes into the file is this one, whatever waits.
+    void SetText(std::string text) { m_fixedText = std::move(text); }
     /// Whether the file has to be written: it changes, or a new key gets its file.
-    bool IsNeeded() const { return !m_file.exists || m_damage || m_text != Theirs().Text(); }
+    bool IsNeeded() const { return !m_file.exists || m_damaged || m_text != Theirs().Text(); }
     const std::string& Text() const { return m_text; }
     const ReplacedFile& File() const { return m_file; }
     FileNode& Node() const { return m_node; }
@@ -53,8 +49,8 @@ public:
     /// Nothing waits any more, and the history knows. A failure of the history hurts nothing else.
     unsigned Finish();
 
-    /// What was found damaged, if anything; and where `Write` set it aside.
-    const std::optional<Damage>& FoundDamage() const { return m_damage; }
+    /// The text that was found damaged, if it was; and where `Write` set it aside.
+    const std::optional<std::string>& Damaged() const { return m_damaged; }
     const std::string& Aside() const { return m_aside; }
 
     /// Names of the values that both this process and another one changed. What this process wrote goes in.
@@ -70,12 +66,11 @@ private:
     FileNode& m_node;
     ReplacedFile m_file;
     FileDocument m_theirs;
-    bool m_hasFixedText = false; // by SetText
-    bool m_isUnchanged = false;  // the file is as the node's document has it
-    std::optional<Damage> m_damage;
-    std::string m_damaged; // the damaged text as it was
-    std::string m_aside;   // where that is kept
-    std::string m_text;    // that goes into the file
+    bool m_isUnchanged = false; // the file is as the node's document has it
+    std::optional<std::string> m_damaged;
+    std::string m_aside;
+    std::optional<std::string> m_fixedText;
+    std::string m_text; // that goes into the file
     std::vector<std::u16string> m_conflicts;
 };
 

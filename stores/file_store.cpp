@@ -188,15 +188,12 @@ private:
 
 class FileStore final : public VProfilePrivateStore, public FileExtras {
 public:
-    explicit FileStore(std::shared_ptr<FileTree> tree) : FileExtras(tree), m_tree(std::move(tree)) {}
+    explicit FileStore(std::shared_ptr<FileTree> tree) : FileExtras(std::move(tree)) {}
     VProfilePrivateKey* OpenRootKey(bool readOnly) override
     {
         const FileTree::Guard guard(*m_tree);
         return new FileKey(m_tree, *m_tree->OpenRoot(), readOnly);
     }
-
-private:
-    std::shared_ptr<FileTree> m_tree;
 };
 
 } // namespace

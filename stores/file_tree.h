@@ -104,11 +104,13 @@ private:
     /// What still waits, when all handles are gone.
     void SaveLast();
     unsigned Save(FileNode& node, std::vector<VReportMessageParams>& conflicts);
+    unsigned Run(FileSave& save, std::vector<VReportMessageParams>& conflicts);
     unsigned Rewrite(FileNode& node, const std::string* text, std::string& aside);
     void MakeGood(const std::string& folder, std::string& text);
     void Finish(FileSave& save, std::vector<VReportMessageParams>& conflicts);
     void TellFailedCommit(unsigned code, IReportMessageParams& report) const;
-    void TellDamage(const std::optional<Damage>& damage, const std::string& folder);
+    /// Once for each state of the file.
+    void TellDamage(const std::string& folder, std::string_view damaged);
     /// Once: a history that can't be written stays away for long, as a rule.
     void TellHistory(unsigned code);
     void TellConflicts(std::vector<VReportMessageParams>& conflicts, IReportMessageParams& report);

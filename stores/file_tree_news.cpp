@@ -1,5 +1,4 @@
 // Live reload: what other programs did to the files of a tree.
-#include "stores/damage_scan.h"
 #include "stores/file_tree.h"
 #include "stores/store_lock.h"
 
@@ -52,7 +51,7 @@ bool FileTree::TakeNews(const std::string& folder)
     if (code != kErrorSuccess && !isGone)
         return false;
     // Half a file of a program that is still writing: the last good values stay, and the next change is looked at.
-    if (!isGone && LooksDamaged(text) && m_tools.keeper.IsDamagedNow(folder, text))
+    if (!isGone && m_tools.keeper.MadeGood(folder, text))
         return false;
     if (!m_news->IsNews(folder, isGone ? nullptr : &text))
         return false;

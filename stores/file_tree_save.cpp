@@ -24,12 +24,11 @@ unsigned FileTree::Lock(unsigned patience, std::unique_ptr<IFile>& lock)
 {
     unsigned code = LockStore(m_root, patience, lock);
     if (code == kErrorNotSupported) {
-        if (!m_hasToldOfLocks) {
+        if (!std::exchange(m_hasToldOfLocks, true)) {
             VUnicodeString root;
             FromUtf8(m_root, root);
             Fail(m_messages.emplace_back(), kNoStoreLock, root.c_str());
         }
-        m_hasToldOfLocks = true;
         code = kErrorSuccess;
     }
     return code == kErrorSuccess ? FinishJournal(m_tools) : code;
@@ -48,8 +47,13 @@ unsigned FileTree::Save(FileNode& node, std::vector<VReportMessageParams>& confl
 {
     if (node.Queue().IsEmpty() || node.IsInTransaction())
         return kErrorSuccess;
-    std::unique_ptr<IFile> lock;
     FileSave save(m_tools, node);
+    return Run(save, conflicts);
+}
+
+unsigned FileTree::Run(FileSave& save, std::vector<VReportMessageParams>& conflicts)
+{
+    std::unique_ptr<IFile> lock;
     unsigned code = Lock(kLockPatience, lock);
     if (code == kErrorSuccess)
         code = save.Prepare();
@@ -64,16 +68,17 @@ void FileTree::Finish(FileSave& save, std::vector<VReportMessageParams>& conflic
 {
     for (const std::u16string& name : save.Conflicts())
         Fail(conflicts.emplace_back(), kValueConflict, KeyPath(save.Node()), name.c_str());
-    TellDamage(save.FoundDamage(), save.Node().Folder());
+    if (save.Damaged())
+        TellDamage(save.Node().Folder(), *save.Damaged());
     if (const unsigned code = save.Finish(); code != kErrorSuccess)
         TellHistory(code);
     if (m_news)
         m_news->Note(save.Node().Folder(), save.Node().Document().Text());
 }
 
-void FileTree::TellDamage(const std::optional<Damage>& damage, const std::string& folder)
+void FileTree::TellDamage(const std::string& folder, std::string_view damaged)
 {
-    if (!damage || !damage->isNews)
+    if (!m_tools.keeper.IsUntold(folder, damaged))
         return;
     VUnicodeString file;
     FromUtf8(ValuesFile(folder), file);
@@ -153,20 +158,13 @@ unsigned FileTree::Commit(IReportMessageParams& report)
 unsigned FileTree::Rewrite(FileNode& node, const std::string* text, std::string& aside)
 {
     std::vector<VReportMessageParams> conflicts;
-    std::unique_ptr<IFile> lock;
-    FileSave save(m_tools, node);
     unsigned code = Save(node, conflicts);
-    if (code == kErrorSuccess)
-        code = Lock(kLockPatience, lock);
-    if (code == kErrorSuccess)
-        code = save.Prepare();
-    if (code == kErrorSuccess && text)
+    FileSave save(m_tools, node);
+    if (text)
         save.SetText(*text);
     if (code == kErrorSuccess)
-        code = save.Write();
+        code = Run(save, conflicts);
     aside = save.Aside();
-    if (code == kErrorSuccess)
-        Finish(save, conflicts);
     for (VReportMessageParams& conflict : conflicts)
         m_messages.push_back(std::move(conflict));
     return code;
@@ -184,11 +182,11 @@ unsigned FileTree::RewriteKey(const std::string& folder, const std::string* text
 
 void FileTree::MakeGood(const std::string& folder, std::string& text)
 {
-    std::optional<Damage> damage = m_tools.keeper.Examine(folder, text);
-    if (!damage)
+    std::optional<std::string> good = m_tools.keeper.MadeGood(folder, text);
+    if (!good)
         return;
-    TellDamage(damage, folder);
-    text = std::move(damage->good);
+    TellDamage(folder, text);
+    text = std::move(*good);
 }
 
 void FileTree::RollBack()

@@ -202,6 +202,13 @@ Exit FindOther(const History& history, const Request& request, unsigned& other)
     return Exit::Done;
 }
 
+/// Opens the history of the asked key, and reads the asked version, which must be no deletion.
+Exit OpenVersion(const Request& request, Access access, History& history, std::string& text)
+{
+    const Exit opened = history.Open(request, access);
+    return opened == Exit::Done ? history.ReadWhole(request.version, text) : opened;
+}
+
 } // namespace
 
 Exit ListHistory(const Request& request)
@@ -221,11 +228,8 @@ Exit ShowHistory(const Request& request)
 {
     History history;
     std::string text;
-    Exit exit = history.Open(request, Access::Read);
-    if (exit == Exit::Done)
-        exit = history.ReadWhole(request.version, text);
-    if (exit != Exit::Done)
-        return exit;
+    if (const Exit opened = OpenVersion(request, Access::Read, history, text); opened != Exit::Done)
+        return opened;
     if (!request.asJson)
         return Print(text);
     const StoreVersion* version = nullptr;
@@ -260,17 +264,14 @@ Exit RestoreHistory(const Request& request)
 {
     History history;
     std::string text;
-    Exit exit = history.Open(request, Access::Write);
-    if (exit == Exit::Done)
-        exit = history.ReadWhole(request.version, text);
-    if (exit != Exit::Done)
-        return exit;
+    if (const Exit opened = OpenVersion(request, Access::Write, history, text); opened != Exit::Done)
+        return opened;
     const unsigned newest = history.Versions().back().number;
     VReportMessageParams report;
     if (VProfileStore store; !store.Extras().RestoreVersion(history.Key().c_str(), request.version, report))
         return history.FailStore(report);
-    if (exit = history.Load(); exit != Exit::Done)
-        return exit;
+    if (const Exit loaded = history.Load(); loaded != Exit::Done)
+        return loaded;
     const unsigned number = history.Versions().back().number;
     if (request.asJson)
         return Print(WriteJson({{"restored", request.version}, {"version", number}}));

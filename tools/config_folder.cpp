@@ -2,6 +2,8 @@
 
 #include "core/entry.h"
 #include "core/fold.h"
+#include "core/native_path.h"
+#include "core/paths/known_folders.h"
 #include "core/product.h"
 #include "platform/error_codes.h"
 #include "platform/platform.h"
@@ -18,7 +20,6 @@ namespace {
 
 constexpr const char16_t* kGlobalKey = u"Global";
 constexpr const char* kGlobalFile = "/Global.ini"; // also of a key that can't be opened
-constexpr const char* kFolderBelowHome = "/.config";
 constexpr const char* kFolderBelowConfig = "/hollowmere/Config";
 
 constexpr size_t kWarningsOfOneFile = 5;
@@ -53,21 +54,14 @@ int ProductOf(const Request& request)
     return request.application == "quillo" ? kProductQuillo : kProductTessaly;
 }
 
-std::string EnvironmentText(const char* name)
-{
-    std::string value;
-    Platform().environment->Get(name, value);
-    return value;
-}
-
 /// Empty where the environment names no home.
 std::string DefaultFolder()
 {
-    const std::string config = EnvironmentText("XDG_CONFIG_HOME");
-    if (config.starts_with('/'))
-        return config + kFolderBelowConfig;
-    const std::string home = EnvironmentText("HOME");
-    return home.empty() ? home : home + kFolderBelowHome + kFolderBelowConfig;
+    VUnicodeString config;
+    std::string folder;
+    if (!GetKnownFolder(VKnownFolder::Config, config) || !ToNativePath(config, folder))
+        return {};
+    return folder + kFolderBelowConfig;
 }
 
 std::string WithoutLastSeparators(std::string path)

@@ -147,11 +147,14 @@ class Editor : public test::FaultyFiles {
 public:
     unsigned Exchange(const std::string& a, const std::string& b) override
     {
-        if (!m_bytes.empty())
+        const bool isFirst = !m_bytes.empty();
+        if (isFirst)
             std::ofstream(b) << std::exchange(m_bytes, {});
-        return FaultyFiles::Exchange(a, b);
+        return isFirst || canGoBack ? FaultyFiles::Exchange(a, b) : kErrorGeneralFailure;
     }
     explicit Editor(std::string bytes) : m_bytes(std::move(bytes)) {}
+
+    bool canGoBack = true;
 
 private:
     std::string m_bytes;
@@ -165,6 +168,20 @@ TEST_F(FileReplacer, WhatAnEditorSavedInBetweenIsMerged)
         Save(u"A", 2);
     }
     EXPECT_EQ(m_folder.Read("A.ini"), "; by hand\nN = 2\nM = 1\n");
+    {
+        Editor editor("; by hand\nN = 2\nM = 5\n");
+        editor.canGoBack = false;
+        VProfileKey key(m_store->GetRootKey(), u"A");
+        VReportMessageParams report;
+        EXPECT_TRUE(key.WriteDword(u"N", 7));
+        EXPECT_FALSE(key.Flush(report)) << "no exchange goes any more";
+        EXPECT_EQ(m_folder.Read("A.ini"), "; by hand\nN = 2\nM = 5\n") << "yet what the editor saved is there";
+        editor.canGoBack = true;
+        EXPECT_TRUE(key.Flush(report));
+        EXPECT_EQ(m_folder.Read("A.ini"), "; by hand\nN = 7\nM = 5\n");
+    }
+    Save(u"A", 2);
+    EXPECT_EQ(m_folder.Read("A.ini"), "; by hand\nN = 2\nM = 5\n");
     Save(u"B", 1);
     Editor editor("; by hand\nN = 2\nM = 2\n");
     VReportMessageParams report;

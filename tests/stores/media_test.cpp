@@ -310,6 +310,27 @@ TEST_F(DamagedFile, ReadsAsTheLastGoodVersionAndTheNextSaveMakesItGood)
     }
 }
 
+TEST_F(DamagedFile, IsToldWhateverLookedAtItBefore)
+{
+    Program program(m_folder);
+    VProfileKey held(program.store.GetRootKey(), u"Key");
+    m_folder.Write("Key.ini", "<<<<<<< ours\nA = 11\n");
+    std::string text;
+    EXPECT_TRUE(program.store.Extras().ProposeRepair(u"Key", text, program.report));
+    EXPECT_TRUE(held.WriteDword(u"D", 4));
+    {
+        test::FaultyFiles files;
+        files.dieAt = 6; // behind the reading of the file
+        EXPECT_FALSE(held.Flush(program.report));
+    }
+    EXPECT_THAT(Told(), IsEmpty()) << "nothing was done about it yet";
+    EXPECT_TRUE(held.Flush(program.report));
+    EXPECT_THAT(Told(), ElementsAre(kFileDamaged));
+    EXPECT_THAT(Aside(), SizeIs(1));
+    EXPECT_EQ(Program(m_folder).Read(u"Key", u"A"), 11u);
+    EXPECT_EQ(Program(m_folder).Read(u"Key", u"C"), 3u);
+}
+
 TEST_F(DamagedFile, AMissingFileIsNoDamage)
 {
     fs::remove(m_folder.Path("Key.ini"));

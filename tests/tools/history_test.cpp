@@ -16,13 +16,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::MatchesRegex;
 
-/// Runs the tool on one folder, at two hours before UTC+0.
+/// Runs the tool on one folder, at a place two hours ahead of UTC.
 class ToolHistory : public testing::Test {
 protected:
     ToolRun Run(std::vector<std::string> words) const
     {
         words.insert(words.end(), {"--config", m_folder.Path()});
-        return RunTool(words, {"TZ=XXX-2"});
+        return RunTool(words, {"TZ=EET-2"});
     }
     json RunJson(std::vector<std::string> words) const
     {

@@ -9,8 +9,8 @@
 namespace ostrand {
 
 /// Base of the class V, whose current value is a T. V brings its stored form with it:
-///     bool Encode(VUnicodeString& stored);            // of a current value that isn't empty; false: nothing is
-///     written bool Decode(const VUnicodeString& stored);      // into the current value; false: it stays
+///     bool Encode(VUnicodeString& stored);       // of a value that isn't empty; false: nothing is written
+///     bool Decode(const VUnicodeString& stored); // into the current value; false: it stays
 /// The default comes with V's own load.
 template <class V, class T>
 class OSTRAND_API VProfileSecret : public VProfile2<T, VProfileSz> {

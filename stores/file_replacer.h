@@ -38,7 +38,8 @@ public:
     /// The same without any sync, for files that a journal can redo.
     unsigned ReplaceUnsynced(const ReplacedFile& file, std::string_view text);
     /// Makes the folder of a key's first values, and its own name durable, with those of all folders above it up to the
-    /// store's. A folder that a link led to was there before. Values are no safer than their folders; and who made those may have been killed before a sync.
+    /// store's. A folder that a link led to was there before. Values are no safer than their folders; and who made
+    /// those may have been killed before a sync.
     unsigned MakeDurable(const std::string& folder);
     /// Makes the names in the folder durable where a replacement left that open.
     unsigned SyncNames(const std::string& folder);
@@ -70,7 +71,7 @@ private:
     /// The spares that this object left, by folder, in the state that it left them in: a file number alone may be
     /// another file's meanwhile.
     std::map<std::string, VFileInfo> m_spares;
-    std::set<std::string> m_unsynced;           // folders with a new name that isn't known to be on the disk
+    std::set<std::string> m_unsynced;          // folders with a new name that isn't known to be on the disk
     std::map<std::string, uint64_t> m_durable; // folders that are known to be, with their file numbers
     bool m_exchanges = true;
 };

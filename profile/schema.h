@@ -322,6 +322,25 @@ consteval auto Blob(const char16_t* name, const char16_t* meaning, Options... op
     return row;
 }
 
+/// A record or list within the record, which has a form of its own in the store: P reads itself by
+/// `LoadPart(const VProfileKey*)` and takes what a key holds by `MergePart(const VProfileKey*)`; a null key means that
+/// nothing is read. Its row's name is the part's own; the names of its values are the part's business.
+template <auto M, class... Options>
+consteval auto Part(VValueClass type, const char16_t* name, const char16_t* meaning, Options... options)
+{
+    using C = schema_detail::RecordOf<M>;
+    using P = schema_detail::FieldOf<M>;
+    auto row = schema_detail::Row<M>(type, name, meaning, options...);
+    if constexpr (requires { P::Schema(); })
+        row.part = [] { return P::Schema().View(); };
+    row.load = [](C& record, const VSchemaRow<C>&, const VUnicodeString& n, const typename C::ReadContext& in) {
+        (record.*M).SetName(n);
+        (record.*M).LoadPart(in.key);
+    };
+    row.merge = [](C& record, const VSchemaRow<C>&, const VProfileKey* key) { (record.*M).MergePart(key); };
+    return row;
+}
+
 /// A secret in the encoded form, which takes over what the platform's protection wrote. It has no default.
 template <auto M, class... Options>
 consteval auto Encoded(const char16_t* name, const char16_t* meaning, Options... options)

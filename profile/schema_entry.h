@@ -60,6 +60,8 @@ struct VBound {
     }
 };
 
+class VSchemaView;
+
 struct VSchemaEntry {
     const char16_t* name = nullptr;         ///< null for a rule
     const char16_t* nameInOrvane = nullptr; ///< null: the same in both applications
@@ -69,9 +71,10 @@ struct VSchemaEntry {
     VValueClass type = VValueClass::Bool;
     VBound bound;
     bool isMerged = true;
-    bool isInTable = true;          ///< false: read and merged, never saved, copied or found by name
-    int64_t number = 0;             ///< constant default of a number
-    const char16_t* text = nullptr; ///< constant default of a text
+    bool isInTable = true;           ///< false: read and merged, never saved, copied or found by name
+    int64_t number = 0;              ///< constant default of a number
+    const char16_t* text = nullptr;  ///< constant default of a text
+    VSchemaView (*part)() = nullptr; ///< of a part that is a record of its own, its schema
 
     constexpr bool IsRule() const { return name == nullptr; }
     constexpr const char16_t* NameFor(bool isOrvane) const { return isOrvane && nameInOrvane ? nameInOrvane : name; }

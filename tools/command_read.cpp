@@ -18,7 +18,7 @@ std::string ListText(GlobalConfig& config)
     std::vector<std::vector<std::string>> rows = {{"NAME", "TYPE", "STATE", "VALUE", "DEFAULT"}};
     for (const GlobalRow* row : GlobalRows())
         rows.push_back({NameOf(*row, config.IsOrvane()), ValueClassName(row->type),
-                        StateOf(*row->member(config)) + std::string(row->isInTable ? "" : ", never saved"),
+                        StateOf(*row->Member(config)) + std::string(row->isInTable ? "" : ", never saved"),
                         Shortened(TextOf(*row, config), kValueWidth),
                         Shortened(DefaultText(*row, *defaults), kDefaultWidth)});
     return Table(rows);

@@ -79,7 +79,7 @@ std::string SchemaMarkdown(GlobalConfig& defaults)
                 BoundText(row->bound) + " | " + Lossless(row->meaning) + Notes(*row) + " |\n";
     }
     text += "\n## Rules\n\nThey run after reading and after a merge, on current values only.\n\n";
-    for (const GlobalRow& row : GlobalConfig::Schema().Rows())
+    for (const VSchemaRow<GlobalConfig>& row : GlobalConfig::Schema().Rows())
         if (row.IsRule())
             text += "- " + Lossless(row.meaning) + "\n";
     return text;

@@ -18,7 +18,7 @@ using Change = bool (*)(const Request&, const GlobalRow&, GlobalConfig&);
 bool TakeWords(const Request& request, const GlobalRow& row, GlobalConfig& config)
 {
     std::string problem;
-    const bool isTaken = SetFromWords(row, *row.member(config), request.values, problem);
+    const bool isTaken = SetFromWords(row, *row.Member(config), request.values, problem);
     if (!isTaken)
         Fail(Exit::Failed, problem);
     return isTaken;
@@ -28,7 +28,7 @@ bool TakeDefault(const Request&, const GlobalRow& row, GlobalConfig& config)
 {
     const bool storeExisted = !config.version.IsDirty();
     const VUnknownPointer<GlobalConfig> defaults = GlobalDefaults(config.IsOrvane(), storeExisted);
-    row.member(config)->CopyValue(*row.member(*defaults));
+    row.Member(config)->CopyValue(*row.Member(*defaults));
     return true;
 }
 
@@ -97,7 +97,7 @@ Exit SaveGlobal(const Request& request)
         return opened;
     GlobalConfig& config = folder.Config();
     std::vector<const GlobalRow*> rows = GlobalRows();
-    std::erase_if(rows, [&](const GlobalRow* row) { return !IsSaved(*row, *row->member(config), request.force); });
+    std::erase_if(rows, [&](const GlobalRow* row) { return !IsSaved(*row, *row->Member(config), request.force); });
     if (const Exit writable = folder.CheckWritable(); writable != Exit::Done)
         return writable;
     VReportMessageParams report;

@@ -51,7 +51,7 @@ std::vector<std::string> RowNames(bool isOrvane)
 
 std::string NameOf(const GlobalRow& row, bool isOrvane) { return Lossless(row.NameFor(isOrvane)); }
 
-Json JsonOf(const GlobalRow& row, GlobalConfig& config) { return ValueToJson(row.type, *row.member(config)); }
+Json JsonOf(const GlobalRow& row, GlobalConfig& config) { return ValueToJson(row.type, *row.Member(config)); }
 
 std::string TextOf(const GlobalRow& row, GlobalConfig& config) { return ValueToText(JsonOf(row, config)); }
 
@@ -67,7 +67,7 @@ Json RowToJson(const GlobalRow& row, GlobalConfig& config)
     return {{"name", NameOf(row, config.IsOrvane())},
             {"type", ValueClassName(row.type)},
             {"value", JsonOf(row, config)},
-            {"state", StateOf(*row.member(config))},
+            {"state", StateOf(*row.Member(config))},
             {"saved", row.isInTable}};
 }
 

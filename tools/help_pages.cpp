@@ -23,6 +23,26 @@ std::vector<const CLI::App*> ShownCommands(const CLI::App& app)
     return commands;
 }
 
+/// "GROUP NAME", or the name alone of a command that stands by itself.
+std::string PathOf(const CLI::App& command)
+{
+    const CLI::App* const parent = command.get_parent();
+    return parent->get_parent() ? parent->get_name() + " " + command.get_name() : command.get_name();
+}
+
+/// The commands of all groups, and those that stand by themselves, in the order of the table.
+std::vector<const CLI::App*> AllCommands(const CLI::App& app)
+{
+    std::vector<const CLI::App*> all;
+    for (const CLI::App* shown : ShownCommands(app)) {
+        const std::vector<const CLI::App*> commands = ShownCommands(*shown);
+        if (commands.empty())
+            all.push_back(shown);
+        all.insert(all.end(), commands.begin(), commands.end());
+    }
+    return all;
+}
+
 std::vector<const CLI::Option*> ShownOptions(const CLI::App& app)
 {
     std::vector<const CLI::Option*> options;
@@ -85,11 +105,10 @@ std::string OptionList(const CLI::App& app)
     return page;
 }
 
-std::string CommandSection(const CLI::App& group, const CLI::App& command)
+std::string CommandSection(const CLI::App& command)
 {
-    std::string page = ".SS \"" +
-                       Roff(group.get_name() + " " + command.get_name() + Positionals(command) + Flags(command)) +
-                       "\"\n" + Roff(command.get_description()) + "\n" + OptionList(command);
+    std::string page = ".SS \"" + Roff(PathOf(command) + Positionals(command) + Flags(command)) + "\"\n" +
+                       Roff(command.get_description()) + "\n" + OptionList(command);
     return page + ".PP\n.nf\n" + Roff(command.get_footer()) + ".fi\n";
 }
 
@@ -134,13 +153,9 @@ std::string ManPage(const CLI::App& app)
     std::string page = ".TH OSTRANDCFG 1\n.SH NAME\nostrandcfg \\- settings of Tessaly and Orvane on the command line\n"
                        ".SH SYNOPSIS\n.nf\n";
     std::string commands;
-    for (const CLI::App* group : ShownCommands(app)) {
-        for (const CLI::App* command : ShownCommands(*group)) {
-            page += Roff("ostrandcfg [OPTIONS] " + group->get_name() + " " + command->get_name() +
-                         Positionals(*command) + Flags(*command)) +
-                    "\n";
-            commands += CommandSection(*group, *command);
-        }
+    for (const CLI::App* command : AllCommands(app)) {
+        page += Roff("ostrandcfg [OPTIONS] " + PathOf(*command) + Positionals(*command) + Flags(*command)) + "\n";
+        commands += CommandSection(*command);
     }
     page += ".fi\n.SH DESCRIPTION\n" + Roff(app.get_description()) + "\n.SH OPTIONS\n" + OptionList(app);
     return page + ".SH COMMANDS\n" + commands + ".SH EXIT STATUS\n" + Roff(app.get_footer()) + "\n";
@@ -149,13 +164,13 @@ std::string ManPage(const CLI::App& app)
 std::string BashCompletion(const CLI::App& app)
 {
     std::string cases;
-    for (const CLI::App* group : ShownCommands(app)) {
-        cases += "    " + group->get_name() + ") words='" + Names(ShownCommands(*group)) + "' ;;\n";
-        for (const CLI::App* command : ShownCommands(*group)) {
-            const std::string list = WordList(*command);
-            cases += "    '" + group->get_name() + " " + command->get_name() + "') words='" + LongOptions(*command) +
-                     "'" + (list.empty() ? "" : " list=" + list) + " ;;\n";
-        }
+    for (const CLI::App* group : ShownCommands(app))
+        if (const std::vector<const CLI::App*> commands = ShownCommands(*group); !commands.empty())
+            cases += "    " + group->get_name() + ") words='" + Names(commands) + "' ;;\n";
+    for (const CLI::App* command : AllCommands(app)) {
+        const std::string list = WordList(*command);
+        cases += "    '" + PathOf(*command) + "') words='" + LongOptions(*command) + "'" +
+                 (list.empty() ? "" : " list=" + list) + " ;;\n";
     }
     return R"(# Completion of ostrandcfg for bash; made by "ostrandcfg --bash-completion".
 _ostrandcfg() {

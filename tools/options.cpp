@@ -148,6 +148,31 @@ void AddZoneAndTime(CLI::App& app, Request& request)
     AddWord(app, "TIME", request.time, "A time in UTC, such as 2026-03-29T01:00:00Z", true);
 }
 
+void AddSecretForm(CLI::App& app, Request& request, const char* textOption)
+{
+    app.add_option("--form", request.form, "encoded, blowfish or protected; docs/secrets.md tells what each is worth")
+        ->required()
+        ->check(CLI::IsMember({"encoded", "blowfish", "protected"}))
+        ->option_text("FORM");
+    app.add_option("--mode", request.mode, "Mode of the cipher: 0 (default), 1 or 2; for blowfish")
+        ->check(CLI::IsMember({0, 1, 2}))
+        ->option_text("MODE");
+    request.name = "Firewall Password";
+    AddWord(app, "--name", request.name, "Name of the value, which is protected along; without it Firewall Password",
+            false);
+    app.get_option("--name")->option_text("NAME");
+    const CLI::callback_t take = [&request](const CLI::results_t& words) {
+        request.text = Unmarked(words.back());
+        return true;
+    };
+    app.add_option(textOption, take, "Take this text and read no input; other users can see it, and a shell keeps it")
+        ->option_text("TEXT");
+}
+
+void AddPlainSecret(CLI::App& app, Request& request) { AddSecretForm(app, request, "--text"); }
+
+void AddStoredSecret(CLI::App& app, Request& request) { AddSecretForm(app, request, "--stored"); }
+
 void AddNothing(CLI::App&, Request&) {}
 
 constexpr Command kCommands[] = {
@@ -194,6 +219,13 @@ constexpr Command kCommands[] = {
      "global diff\n"
      "global diff --config /etc/skel/.config/hollowmere/Config\n",
      AddNothing, DiffGlobal},
+    {"", "explain",
+     "Tells of one global value why it is what it is: where it is stored, also under an old name, or that it isn't "
+     "yet; "
+     "what corrected it; whether it is the default; and whether an administrator's policy locks it, and in which file.",
+     "explain 'MRU Count'\n"
+     "explain 'max columns' --json\n",
+     AddName, ExplainGlobal},
     {"schema", "global",
      "Describes every global value: names, type, default, bounds, old names, what it means. Opens no store.",
      "schema global\n"
@@ -254,6 +286,15 @@ constexpr Command kCommands[] = {
      "path check 'C:/Temp/a.log'\n", AddPath, CheckPath},
     {"path", "executable", "Prints the executable of a command line: in quotes, or up to the first .exe.",
      "path executable '\"C:\\Program Files\\Tessaly.exe\" /S Router'\n", AddLine, ExecutableOf},
+    {"secret", "encode",
+     "Prints the stored form of the text on standard input. The forms encoded and blowfish hide a text, they don't "
+     "protect it; protected keeps it from everybody but this user on this machine.",
+     "secret encode --form encoded < password.txt\n"
+     "secret encode --form blowfish --mode 1 < password.txt\n"
+     "secret encode --form protected --name 'Firewall Password' < password.txt\n",
+     AddPlainSecret, EncodeSecret},
+    {"secret", "decode", "Prints the text whose stored form is on standard input.",
+     "secret decode --form encoded < stored.txt\n", AddStoredSecret, DecodeSecret},
     {"timezone", "list",
      "Lists the system's time zones from west to east, with the minutes that local time lacks to UTC.",
      "timezone list\n"
@@ -281,6 +322,7 @@ constexpr Group kGroups[] = {
     {"store", "The stored values themselves", false},
     {"history", "Former versions of stored values", false},
     {"path", "Paths and their templates, without looking at any file", false},
+    {"secret", "Texts in the forms in which secrets are stored", false},
     {"timezone", "The system's time zones", false},
     {"complete", "Words for shell completion", true},
 };
@@ -373,17 +415,23 @@ void CommandLine::AddCommands()
         parent->require_subcommand(1)->fallthrough();
         if (group.isHidden)
             parent->group("");
-        for (const Command& command : kCommands) {
-            if (std::string_view(command.group) != group.name)
-                continue;
-            CLI::App* const app = parent->add_subcommand(command.name, command.what);
-            app->fallthrough();
-            app->footer(ExamplesFooter(command.examples));
-            app->callback([this, run = command.run] { m_action = run; });
-            command.addOptions(*app, m_request);
-        }
+        AddCommandsOf(group.name, *parent);
     }
+    AddCommandsOf("", m_app);
     m_app.require_subcommand(0, 1);
+}
+
+void CommandLine::AddCommandsOf(std::string_view group, CLI::App& parent)
+{
+    for (const Command& command : kCommands) {
+        if (command.group != group)
+            continue;
+        CLI::App* const app = parent.add_subcommand(command.name, command.what);
+        app->fallthrough();
+        app->footer(ExamplesFooter(command.examples));
+        app->callback([this, run = command.run] { m_action = run; });
+        command.addOptions(*app, m_request);
+    }
 }
 
 Exit CommandLine::Run(int argc, const char* const* argv)

@@ -8,13 +8,15 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include <string_view>
+
 namespace ostrand::tool {
 
 using Action = Exit (*)(const Request&);
 
 /// One command: where it stands, what it says of itself, and what runs it.
 struct Command {
-    const char* group;
+    const char* group; ///< empty for one that stands by itself
     const char* name;
     const char* what;     ///< one or more sentences
     const char* examples; ///< lines of arguments, each ended by a line feed; empty for a hidden command
@@ -35,6 +37,7 @@ public:
 private:
     void AddGlobalOptions();
     void AddCommands();
+    void AddCommandsOf(std::string_view group, CLI::App& parent);
 
     CLI::App m_app;
     Request m_request;

@@ -31,6 +31,9 @@ struct Request {
     std::string tail; ///< joined behind the path
     std::optional<std::string> host;
     std::optional<std::string> session;
+    std::string form;                ///< in which a secret is stored
+    unsigned mode = 0;               ///< of the cipher
+    std::optional<std::string> text; ///< given as an argument, instead of on standard input
     std::string zone;
     std::string time;
     unsigned version = 0;      ///< of a key

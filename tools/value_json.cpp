@@ -127,6 +127,23 @@ Outcome Set(VProfileString& value, const VSchemaEntry&, Words words)
     return std::nullopt;
 }
 
+/// What a secret is stays with those who ask for it.
+template <class V, class T>
+Json ToJson(const VProfileSecret<V, T>& value)
+{
+    return value.IsEmpty() ? "<empty>" : "<set>";
+}
+
+template <class V, class T>
+Outcome Set(VProfileSecret<V, T>& value, const VSchemaEntry&, Words words)
+{
+    VUnicodeString text;
+    if (words.size() != 1 || !FromUtf8(words[0], text))
+        return Refusal{"one string", std::to_string(words.size()) + " words"}; // which may be the secret
+    value.SetValue(text.c_str());
+    return std::nullopt;
+}
+
 Json ToJson(const VProfileStringList& value)
 {
     Json list = Json::array();
@@ -289,6 +306,8 @@ constexpr std::array kKinds = {
     Kind<VProfileExplorerFrameState>(VValueClass::ExplorerFrame),
     Kind<VProfileTime>(VValueClass::Time),
     Kind<VProfileBlob>(VValueClass::Blob),
+    Kind<VProfileEncodedString>(VValueClass::Encoded),
+    Kind<VProfileBlowfishString>(VValueClass::Encrypted),
 };
 
 const ValueKind& KindOf(VValueClass type)

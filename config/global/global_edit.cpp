@@ -28,18 +28,18 @@ bool Differs(VProfileData& scratch, const VProfileData& other)
 std::vector<const GlobalRow*> Differences(GlobalConfig& before, GlobalConfig& after)
 {
     std::vector<const GlobalRow*> rows = GlobalRows();
-    std::erase_if(rows, [&](const GlobalRow* row) { return !Differs(*row->member(before), *row->member(after)); });
+    std::erase_if(rows, [&](const GlobalRow* row) { return !Differs(*row->Member(before), *row->Member(after)); });
     return rows;
 }
 
-const GlobalRow* FirstRuleThatChanges(GlobalConfig& config, const GlobalRow& edited)
+const VSchemaEntry* FirstRuleThatChanges(GlobalConfig& config, const GlobalRow& edited)
 {
-    for (const GlobalRow& row : GlobalConfig::Schema().Rows()) {
+    for (const VSchemaRow<GlobalConfig>& row : GlobalConfig::Schema().Rows()) {
         if (!row.IsRule())
             continue;
         const VUnknownPointer<GlobalConfig> before = CopyOf(config);
         row.merge(config, row, nullptr);
-        if (Differs(*edited.member(*before), *edited.member(config)))
+        if (Differs(*edited.Member(*before), *edited.Member(config)))
             return &row;
     }
     return nullptr;
@@ -53,6 +53,34 @@ const GlobalRow* FindByOldName(std::u16string_view name)
     return nullptr;
 }
 
+/// A part that is a record stands for the values of its table.
+void AddPart(std::vector<GlobalRow>& rows, const VSchemaRow<GlobalConfig>& owner)
+{
+    static const VUnknownPointer<GlobalConfig>& defaults =
+        *new VUnknownPointer<GlobalConfig>(GlobalDefaults(false, false)); // names of rows are lent from it
+    const VSchemaView part = owner.part();
+    int place = 0;
+    for (size_t i = 0; i < part.GetCount(); ++i) {
+        if (!part[i].isInTable)
+            continue;
+        GlobalRow row{part[i], &owner, place++};
+        row.name = row.Member(*defaults)->name.c_str();
+        rows.push_back(row);
+    }
+}
+
+std::vector<GlobalRow> MakeRows()
+{
+    std::vector<GlobalRow> rows;
+    for (const bool isInTable : {true, false})
+        for (const VSchemaRow<GlobalConfig>& row : GlobalConfig::Schema().Rows())
+            if (row.part && row.isInTable == isInTable)
+                AddPart(rows, row);
+            else if (!row.IsRule() && row.isInTable == isInTable)
+                rows.push_back({row, &row, -1});
+    return rows;
+}
+
 /// Some values are never merged, and some still honour an old name.
 bool IsMergeable(const VUnicodeString& name, const VProfileKey& key, bool isOrvane)
 {
@@ -64,13 +92,18 @@ bool IsMergeable(const VUnicodeString& name, const VProfileKey& key, bool isOrva
 
 } // namespace
 
+VProfileData* GlobalRow::Member(GlobalConfig& config) const
+{
+    VProfileData* const member = owner->member(config);
+    return place < 0 ? member : member->GetMember(place);
+}
+
 std::vector<const GlobalRow*> GlobalRows()
 {
+    static const std::vector<GlobalRow>& all = *new std::vector<GlobalRow>(MakeRows());
     std::vector<const GlobalRow*> rows;
-    for (const bool isInTable : {true, false})
-        for (const GlobalRow& row : GlobalConfig::Schema().Rows())
-            if (!row.IsRule() && row.isInTable == isInTable)
-                rows.push_back(&row);
+    for (const GlobalRow& row : all)
+        rows.push_back(&row);
     return rows;
 }
 
@@ -85,9 +118,9 @@ const GlobalRow* FindGlobalRow(std::u16string_view name, bool isOrvane)
 bool HasGlobalValue(const GlobalRow& row, const VProfileKey& key, bool isOrvane)
 {
     const VUnknownPointer<GlobalConfig> probe = GlobalDefaults(isOrvane, false);
-    VProfileData& value = *row.member(*probe);
+    VProfileData& value = *row.Member(*probe);
     value.dirty = true;
-    row.merge(*probe, row, &key);
+    row.Merge(*probe, &key);
     return !value.dirty; // a value that was found is clean
 }
 
@@ -115,7 +148,7 @@ bool SaveGlobalValues(GlobalConfig& config, std::span<const GlobalRow* const> ro
                       IReportMessageParams& report)
 {
     for (const GlobalRow* row : rows) {
-        VProfileData& value = *row->member(config);
+        VProfileData& value = *row->Member(config);
         const auto* const block = dynamic_cast<const VProfileBlob*>(&value);
         if (block && block->data.empty())
             key.DeleteValue(value.name.c_str());

@@ -19,10 +19,18 @@
 
 namespace ostrand {
 
-/// A value of the record as its schema describes it; `row.member(config)` is the object. Never a rule here.
-using GlobalRow = VSchemaRow<GlobalConfig>;
+/// A value of the record as its schema describes it, or a value of a part of the record, such as the printer's line
+/// settings. Never a rule. One for the process each: compared by address.
+struct OSTRAND_API GlobalRow : VSchemaEntry {
+    VProfileData* Member(GlobalConfig& config) const;
+    /// Takes what the key holds: of a part, all of its values.
+    void Merge(GlobalConfig& config, const VProfileKey* key) const { owner->merge(config, *owner, key); }
 
-/// Every value: the member table in its order, then those outside it.
+    const VSchemaRow<GlobalConfig>* owner = nullptr; ///< the value's own row, or that of its part
+    int place = -1;                                  ///< in its part's table; -1 outside parts
+};
+
+/// Every value: the member table in its order, with a part's values in the part's place, then those outside it.
 OSTRAND_API std::vector<const GlobalRow*> GlobalRows();
 /// The value of this name in any case, inside the table or not; null: none of this application has that name.
 OSTRAND_API const GlobalRow* FindGlobalRow(std::u16string_view name, bool isOrvane);
@@ -36,8 +44,8 @@ OSTRAND_API VUnknownPointer<GlobalConfig> GlobalDefaults(bool isOrvane, bool sto
 
 /// What rules make of an edit.
 struct GlobalEdit {
-    const GlobalRow* refusedBy = nullptr; ///< the rule that took the edited value back; null: it stands
-    std::vector<const GlobalRow*> rows;   ///< the edited value first, then what rules changed with it
+    const VSchemaEntry* refusedBy = nullptr; ///< the rule that took the edited value back; null: it stands
+    std::vector<const GlobalRow*> rows;      ///< the edited value first, then what rules changed with it
 };
 
 /// Runs the rules over a record whose value of `edited` has just been set. The record keeps what they change, also

@@ -78,18 +78,23 @@ std::vector<std::string> Environment(const std::vector<std::string>& given)
 } // namespace
 
 ToolRun RunProgram(const std::string& program, const std::vector<std::string>& arguments,
-                   const std::vector<std::string>& environment)
+                   const std::vector<std::string>& environment, const std::string& input)
 {
     std::vector<std::string> words = {program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> variables = Environment(environment);
-    Pipe out, err;
+    Pipe in, out, err;
+    constexpr size_t kRoomOfAPipe = 65536;
+    if (input.size() > kRoomOfAPipe ||
+        write(in.ends[1], input.data(), input.size()) != static_cast<ssize_t>(input.size()))
+        throw std::runtime_error("the input has no room in a pipe");
+    in.CloseWriter();
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", 0, 0);
+    posix_spawn_file_actions_adddup2(&actions, in.ends[0], 0);
     posix_spawn_file_actions_adddup2(&actions, out.ends[1], 1);
     posix_spawn_file_actions_adddup2(&actions, err.ends[1], 2);
-    for (const int end : {out.ends[0], out.ends[1], err.ends[0], err.ends[1]})
+    for (const int end : {in.ends[0], out.ends[0], out.ends[1], err.ends[0], err.ends[1]})
         posix_spawn_file_actions_addclose(&actions, end);
     pid_t child = 0;
     const int failure =
@@ -107,9 +112,10 @@ ToolRun RunProgram(const std::string& program, const std::vector<std::string>& a
     return run;
 }
 
-ToolRun RunTool(const std::vector<std::string>& arguments, const std::vector<std::string>& environment)
+ToolRun RunTool(const std::vector<std::string>& arguments, const std::vector<std::string>& environment,
+                const std::string& input)
 {
-    return RunProgram(ToolPath(), arguments, environment);
+    return RunProgram(ToolPath(), arguments, environment, input);
 }
 
 std::string ToolPath() { return OSTRAND_TOOL; }

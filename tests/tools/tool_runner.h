@@ -12,11 +12,13 @@ struct ToolRun {
     std::string err;
 };
 
-/// `environment`: "NAME=value" beside a PATH and a HOME that doesn't exist.
-ToolRun RunTool(const std::vector<std::string>& arguments, const std::vector<std::string>& environment = {});
+/// `environment`: "NAME=value" beside a PATH and a HOME that doesn't exist. `input`: what its standard input holds, at
+/// most what a pipe takes.
+ToolRun RunTool(const std::vector<std::string>& arguments, const std::vector<std::string>& environment = {},
+                const std::string& input = {});
 /// Any program of the system, found by PATH.
 ToolRun RunProgram(const std::string& program, const std::vector<std::string>& arguments,
-                   const std::vector<std::string>& environment = {});
+                   const std::vector<std::string>& environment = {}, const std::string& input = {});
 
 /// Path of the built tool.
 std::string ToolPath();

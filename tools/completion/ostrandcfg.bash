@@ -13,8 +13,14 @@ _ostrandcfg() {
     --app) mapfile -t COMPREPLY < <(compgen -W 'tessaly orvane quillo' -- "$cur"); return ;;
     esac
     case $command in
-    '') words='global schema store history path timezone' ;;
+    '') words='global schema store history path secret timezone explain' ;;
     global) words='list get set reset save merge diff' ;;
+    schema) words='global' ;;
+    store) words='dump check' ;;
+    history) words='list show diff restore' ;;
+    path) words='join split expand check executable' ;;
+    secret) words='encode decode' ;;
+    timezone) words='list bias' ;;
     'global list') words='--help' ;;
     'global get') words='--help' list=values ;;
     'global set') words='--help' list=values ;;
@@ -22,25 +28,23 @@ _ostrandcfg() {
     'global save') words='--help --force' ;;
     'global merge') words='--help --write' list=keys ;;
     'global diff') words='--help' ;;
-    schema) words='global' ;;
     'schema global') words='--help --markdown' ;;
-    store) words='dump check' ;;
     'store dump') words='--help' list=keys ;;
     'store check') words='--help --repair' list=keys ;;
-    history) words='list show diff restore' ;;
     'history list') words='--help' list=keys ;;
     'history show') words='--help' list=keys ;;
     'history diff') words='--help' list=keys ;;
     'history restore') words='--help' list=keys ;;
-    path) words='join split expand check executable' ;;
     'path join') words='--help' ;;
     'path split') words='--help' ;;
     'path expand') words='--help --host --session' ;;
     'path check') words='--help' ;;
     'path executable') words='--help' ;;
-    timezone) words='list bias' ;;
+    'secret encode') words='--help --form --mode --name --text' ;;
+    'secret decode') words='--help --form --mode --name --stored' ;;
     'timezone list') words='--help' ;;
     'timezone bias') words='--help' list=zones ;;
+    'explain') words='--help' list=values ;;
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$words --help --version --config --app --json" -- "$cur")

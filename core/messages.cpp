@@ -39,6 +39,12 @@ constexpr std::array kTable = {
                  u"Log file name must contain '%%D' when 'Start new log at midnight' is checked."},
 };
 
+/// Those beyond the table that applications know.
+constexpr std::array kFurtherOwn = {
+    VMessageText{kValueNotCopied, u"The value '%1' is of a kind that can't be copied."},
+    VMessageText{kNameUnknown, u"There is no %1 named '%2'."},
+};
+
 std::span<const VMessageText> g_further;
 
 } // namespace
@@ -49,7 +55,8 @@ void SetFurtherMessages(std::span<const VMessageText> rows) { g_further = rows; 
 
 const char16_t* FindMessageText(unsigned code)
 {
-    for (const std::span<const VMessageText> table : {std::span<const VMessageText>(kTable), g_further})
+    for (const std::span<const VMessageText> table :
+         {std::span<const VMessageText>(kTable), std::span<const VMessageText>(kFurtherOwn), g_further})
         for (const VMessageText& row : table)
             if (row.code == code)
                 return row.text;

@@ -30,6 +30,12 @@ inline constexpr unsigned kKeymapFileNameEmpty = 0xe1380011;
 inline constexpr unsigned kKeymapFileNotFound = 0xe1380012;
 inline constexpr unsigned kMidnightLogNeedsDay = 0xe1380013;
 
+// What operations beyond the applications' own tell.
+/// %1 value: of a kind that this version doesn't know.
+inline constexpr unsigned kValueNotCopied = 0xe1380060;
+/// %1 kind of definition, %2 name.
+inline constexpr unsigned kNameUnknown = 0xe1380061;
+
 // Texts that the application's table brings.
 inline constexpr unsigned kParserHasNoOpinion = 0xe1040040;
 inline constexpr unsigned kProtectionFailed = 0xe1040045;

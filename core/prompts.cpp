@@ -17,6 +17,7 @@ public:
     }
     bool PickFolder(std::u16string_view, VUnicodeString&) override { return false; }
     VDownloadAnswer OfferDownload(const VDownloadOffer&) override { return VDownloadAnswer::Continue; }
+    bool AskFirewallCredential(VFirewallCredential, VUnicodeString&, bool&, IParentable*) override { return false; }
     void BeginWait() override {}
     void EndWait() override {}
 };

@@ -2,6 +2,7 @@
 // A program without dialogs has none; then notices go to the trace log and every answer is the one that changes least.
 #pragma once
 
+#include "core/parentable.h"
 #include "core/strings.h"
 
 namespace ostrand {
@@ -18,6 +19,9 @@ struct VDownloadOffer {
 
 enum class VDownloadAnswer { Continue, Download, Exit };
 
+/// What a connection lacks for its firewall.
+enum class VFirewallCredential { UserName, Password };
+
 /// Called on the thread of the user's windows; every call returns when the user has answered.
 class IPrompts {
 public:
@@ -27,6 +31,10 @@ public:
     /// Begins at `path`; false when cancelled, with `path` as it was.
     virtual bool PickFolder(std::u16string_view title, VUnicodeString& path) = 0;
     virtual VDownloadAnswer OfferDownload(const VDownloadOffer& offer) = 0;
+    /// Begins with `text` and the check box that asks to save it; false when cancelled, with both as they were.
+    /// `parent` may be null.
+    virtual bool AskFirewallCredential(VFirewallCredential what, VUnicodeString& text, bool& isSaved,
+                                       IParentable* parent) = 0;
     /// Calls are paired and may nest.
     virtual void BeginWait() = 0;
     virtual void EndWait() = 0;

@@ -62,6 +62,11 @@ public:
         return *this;
     }
     void Clear() { *this = VUnicodeString(); }
+    friend VUnicodeString operator+(VUnicodeString text, std::u16string_view tail)
+    {
+        text += tail;
+        return text;
+    }
 
     /// Parts beyond the end are cut. A part of a secret is a secret.
     VUnicodeString Left(size_t count) const { return Part(View().substr(0, count)); }

@@ -26,6 +26,21 @@ protected:
     ~IUnknown() = default;
 };
 
+/// A counted object without operations of its own.
+class ICounted : public IUnknown {
+public:
+    virtual ~ICounted() = default;
+    /// Deletes the object; called when its last reference goes.
+    virtual void Destroy() { delete this; }
+};
+
+/// A counted object that can be copied.
+class IClonable : public IUnknown {
+public:
+    /// A new object with one reference, the caller's.
+    virtual IClonable* Clone() const = 0;
+};
+
 /// Implements the three operations for an interface I that declares a virtual `Destroy`. The count is atomic, signed
 /// and starts at 1, owned by whoever constructed the object; `Destroy` runs when Release takes it to 0 or below.
 template <class I>

@@ -5,6 +5,7 @@
 #include "platform/data_protection.h"
 #include "platform/files.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -49,6 +50,9 @@ public:
     virtual ~IDisplay() = default;
     /// Whether the platform says that it smooths the edges of fonts; false where it can't be asked.
     virtual bool SmoothsFonts() = 0;
+    /// The user's colours of a window, 0x00BBGGRR; black on white where the platform has none.
+    virtual uint32_t WindowTextColor() { return 0x000000; }
+    virtual uint32_t WindowColor() { return 0xFFFFFF; }
 };
 
 /// The services in use. Not owned.

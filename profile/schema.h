@@ -220,6 +220,23 @@ consteval auto ObjectRow(VValueClass type, const char16_t* name, const char16_t*
     return row;
 }
 
+/// A value whose default is an object that is computed while reading.
+template <auto M, class Field, auto F, class... Options>
+consteval auto ComputedObjectRow(VValueClass type, const char16_t* name, By<F> by, const char16_t* meaning,
+                                 Options... options)
+{
+    static_assert(std::is_same_v<FieldOf<M>, Field>, "the row's class isn't the field's");
+    using C = RecordOf<M>;
+    auto row = Row<M>(type, name, meaning, options...);
+    row.computed = by.how;
+    row.load = [](C& record, const VSchemaRow<C>&, const VUnicodeString& n, const typename C::ReadContext& in) {
+        (record.*M).SetName(n);
+        (record.*M).Load(in.key, F(record, in));
+    };
+    row.merge = MergeValue<M>;
+    return row;
+}
+
 /// A value whose default is a text: a plain one, or a state that is kept as text.
 template <auto M, class Field, class... Options>
 consteval auto TextRow(VValueClass type, const char16_t* name, const char16_t* defaultText, const char16_t* meaning,
@@ -254,6 +271,18 @@ consteval auto Int(const char16_t* name, int defaultValue, const char16_t* meani
 {
     return schema_detail::NumberRow<M, int>(VValueClass::Int, name, defaultValue, meaning, options...);
 }
+template <auto M, auto F, class... Options>
+consteval auto Int(const char16_t* name, By<F> by, const char16_t* meaning, Options... options)
+{
+    return schema_detail::ComputedRow<M, int>(VValueClass::Int, name, by, meaning, options...);
+}
+/// Begins as undetermined.
+template <auto M, class... Options>
+consteval auto TriState(const char16_t* name, const char16_t* meaning, Options... options)
+{
+    return schema_detail::NumberRow<M, VTriState>(VValueClass::TriState, name, VTriState::Undetermined, meaning,
+                                                  options...);
+}
 template <auto M, class... Options>
 consteval auto UInt(const char16_t* name, unsigned defaultValue, const char16_t* meaning, Options... options)
 {
@@ -269,6 +298,11 @@ consteval auto String(const char16_t* name, const char16_t* defaultText, const c
 {
     return schema_detail::TextRow<M, VProfileString>(VValueClass::String, name, defaultText, meaning, options...);
 }
+template <auto M, auto F, class... Options>
+consteval auto String(const char16_t* name, By<F> by, const char16_t* meaning, Options... options)
+{
+    return schema_detail::ComputedObjectRow<M, VProfileString>(VValueClass::String, name, by, meaning, options...);
+}
 template <auto M, class... Options>
 consteval auto Strings(const char16_t* name, const char16_t* meaning, Options... options)
 {
@@ -279,6 +313,11 @@ template <auto M, auto Default, class... Options>
 consteval auto Font(const char16_t* name, const char16_t* meaning, Options... options)
 {
     return schema_detail::ObjectRow<M, Default, VProfileLogFont>(VValueClass::Font, name, meaning, options...);
+}
+template <auto M, auto F, class... Options>
+consteval auto Font(const char16_t* name, By<F> by, const char16_t* meaning, Options... options)
+{
+    return schema_detail::ComputedObjectRow<M, VProfileLogFont>(VValueClass::Font, name, by, meaning, options...);
 }
 template <auto M, auto Default, class... Options>
 consteval auto Placement(const char16_t* name, const char16_t* meaning, Options... options)
@@ -471,10 +510,13 @@ public:
     std::span<const VSchemaRow<C>> Rows() const { return m_rows; }
 
     /// Names every member, reads it or gives it its default, and runs the rules, row by row.
-    void Load(C& record, const typename C::ReadContext& in) const
+    void Load(C& record, const typename C::ReadContext& in) const { LoadAs(record, in, m_names[in.isOrvane ? 1 : 0]); }
+
+    /// The same under other names, one for each row.
+    void LoadAs(C& record, const typename C::ReadContext& in, std::span<const VUnicodeString> names) const
     {
         std::call_once(m_measured, [&] { MeasureOffsets(record); });
-        const VUnicodeString* name = m_names[in.isOrvane ? 1 : 0].data();
+        const VUnicodeString* name = names.data();
         for (const VSchemaRow<C>& row : m_rows)
             row.load(record, row, *name++, in);
     }

@@ -32,7 +32,7 @@ size_t CountPending(GlobalConfig& config)
 {
     const std::vector<const GlobalRow*> rows = GlobalRows();
     return static_cast<size_t>(std::count_if(rows.begin(), rows.end(), [&config](const GlobalRow* row) {
-        return row->isInTable && row->Member(config)->IsDirty();
+        return row->isInTable && IsPending(*row->Member(config));
     }));
 }
 

@@ -37,7 +37,7 @@ bool IsSaved(const GlobalRow& row, const VProfileData& value, bool force)
 {
     const auto* const block = dynamic_cast<const VProfileBlob*>(&value);
     const bool isEmpty = block && block->data.empty();
-    return row.isInTable && !isEmpty && (force || value.IsModified() || value.IsDirty());
+    return row.isInTable && !isEmpty && (force || value.IsModified() || IsPending(value));
 }
 
 std::string WrittenText(const std::vector<const GlobalRow*>& rows, GlobalConfig& before, GlobalConfig& after)

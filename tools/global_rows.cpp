@@ -55,11 +55,17 @@ Json JsonOf(const GlobalRow& row, GlobalConfig& config) { return ValueToJson(row
 
 std::string TextOf(const GlobalRow& row, GlobalConfig& config) { return ValueToText(JsonOf(row, config)); }
 
+bool IsPending(const VProfileData& value)
+{
+    const auto* const schemes = dynamic_cast<const ProfileColorSchemeList*>(&value);
+    return schemes ? schemes->IsAnyPending() : value.IsDirty();
+}
+
 const char* StateOf(const VProfileData& value)
 {
     if (value.IsModified())
         return "changed";
-    return value.IsDirty() ? "pending" : "clean";
+    return IsPending(value) ? "pending" : "clean";
 }
 
 Json RowToJson(const GlobalRow& row, GlobalConfig& config)

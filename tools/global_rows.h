@@ -21,6 +21,8 @@ std::string NameOf(const GlobalRow& row, bool isOrvane);
 Json JsonOf(const GlobalRow& row, GlobalConfig& config);
 std::string TextOf(const GlobalRow& row, GlobalConfig& config);
 
+/// Whether the store lacks the value, or one of a list's parts.
+bool IsPending(const VProfileData& value);
 /// clean, changed or pending.
 const char* StateOf(const VProfileData& value);
 

@@ -1,5 +1,6 @@
 #include "tools/value_json.h"
 
+#include "config/global/color_scheme_list.h"
 #include "profile/schema.h"
 #include "profile/time_value.h"
 #include "tools/text.h"
@@ -274,6 +275,20 @@ Outcome Set(VProfileBlob& value, const VSchemaEntry&, Words words)
     return std::nullopt;
 }
 
+/// Their names; the schemes themselves have commands of their own.
+Json ToJson(const ProfileColorSchemeList& list)
+{
+    Json names = Json::array();
+    for (size_t i = 0; i < list.GetCount(); ++i)
+        names.push_back(Lossless(list.GetAt(i).name));
+    return names;
+}
+
+Outcome Set(ProfileColorSchemeList&, const VSchemaEntry&, Words words)
+{
+    return Refusal{"changes by the commands scheme set, new, rename and delete", Given(words)};
+}
+
 /// One class of values: both ways of its objects.
 struct ValueKind {
     VValueClass type;
@@ -306,6 +321,7 @@ constexpr std::array kKinds = {
     Kind<VProfileExplorerFrameState>(VValueClass::ExplorerFrame),
     Kind<VProfileTime>(VValueClass::Time),
     Kind<VProfileBlob>(VValueClass::Blob),
+    Kind<ProfileColorSchemeList>(VValueClass::ColorSchemes),
     Kind<VProfileEncodedString>(VValueClass::Encoded),
     Kind<VProfileBlowfishString>(VValueClass::Encrypted),
 };

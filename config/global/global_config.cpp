@@ -13,11 +13,25 @@ bool HasVersion(const VProfileKey* key)
     return key && key->ReadString(u"Version", ignored);
 }
 
+const VUnicodeString kQuickSync = u"QuickSync";
+
+template <class Read>
+void WithQuickSyncKey(Read read)
+{
+    const VProfileStore store(true);
+    const VProfileKey tasks(store.GetRootKey(), kQuickSync.c_str());
+    read(&tasks);
+}
+
 } // namespace
 
 GlobalConfig::GlobalConfig(const VProfileKey* key, bool isOrvane) : m_isOrvane(isOrvane)
 {
     Schema().Load(*this, ReadContext{{key, isOrvane}, HasVersion(key)});
+    if (key)
+        WithQuickSyncKey([this](const VProfileKey* tasks) { quickSynchronizeTask.Load(tasks, kQuickSync); });
+    else
+        quickSynchronizeTask.Load(nullptr, kQuickSync);
 }
 
 void GlobalConfig::Lock()
@@ -32,7 +46,12 @@ void GlobalConfig::Unlock()
         lock->Unlock();
 }
 
-void GlobalConfig::Merge(const VProfileKey* key) { Schema().Merge(*this, key); }
+void GlobalConfig::Merge(const VProfileKey* key)
+{
+    Schema().Merge(*this, key);
+    if (key)
+        WithQuickSyncKey([this](const VProfileKey* tasks) { quickSynchronizeTask.ReadValue(tasks); });
+}
 
 VProfileData* GlobalConfig::GetMember(int index) { return Schema().GetMember(*this, index); }
 

@@ -2,6 +2,9 @@
 // global_schema.cpp; how it is fetched, saved and merged, in core/entry.h.
 #pragma once
 
+#include "config/global/color_scheme_list.h"
+#include "config/session/serial_device.h"
+#include "config/session/synchronize.h"
 #include "core/sync.h"
 #include "platform/export.h"
 #include "profile/schema.h"
@@ -16,7 +19,8 @@ public:
         bool hasExistingStore = false; ///< the store had the value Version before this reading
     };
 
-    /// Reads every value from the key, which may be null: then all take their defaults and no store is opened.
+    /// Reads every value from the key, and colour schemes and the quick synchronize task from the default store. The
+    /// key may be null: then all take their defaults and no store is opened.
     GlobalConfig(const VProfileKey* key, bool isOrvane);
 
     /// Lock and Unlock forward to the process-wide lock, where there is one.
@@ -24,7 +28,9 @@ public:
     void Unlock() override;
 
     /// Lays the values found under the key over the record: current value and saved copy take them, so an unforced
-    /// save doesn't write them. What the key lacks stays as it is. Bounds and rules run again.
+    /// save doesn't write them. What the key lacks stays as it is. Bounds and rules run again. With a key that isn't
+    /// null the quick synchronize task is read once more where the store has it in the unusual place that a merge looks
+    /// at.
     void Merge(const VProfileKey* key);
     VProfileData* GetMember(int index) override;
     /// The member of the table with this value name, in any case; null if there is none.
@@ -123,12 +129,17 @@ public:
         transferQueueState;
     VProfileExplorerFrameState localExplorerFrameState, remoteExplorerFrameState, synchronizeExplorerFrameState;
 
-    // Parts with a form of their own.
+    // Parts with a form of their own. The schemes stand in their own key, whichever the record is read from.
+    VSerialDeviceConfig printerSerial;
+    ProfileColorSchemeList colorSchemes;
     VProfileBlob ovnCustomToolbarData;
     VProfileStringList selectedTermcapEntries;
 
     // Read, never written: an administrator or the user sets them in the store by hand.
     VProfile<int> lineSendDelay, characterSendDelay;
+
+    // The file-transfer client's tasks, in their own key and outside the table.
+    SynchronizeProfile quickSynchronizeTask;
 
 private:
     bool m_isOrvane;

@@ -285,6 +285,8 @@ constexpr std::array kRows = {
     ExplorerFrame<&C::synchronizeExplorerFrameState>(u"Synchronize ExplorerFrame State", u"1,0,-1", u"Layout of the synchronization window."),
 
     // Parts with a form of their own.
+    Part<&C::printerSerial>(VValueClass::Serial, u"Printer Serial", u"Line settings of the printer's port."),
+    Part<&C::colorSchemes>(VValueClass::ColorSchemes, u"Color Schemes", u"The colour schemes that sessions name."),
     Blob<&C::ovnCustomToolbarData>(u"OVN Custom Toolbar Data", u"Orvane's customised toolbar, in the toolbar's own form."),
     Strings<&C::selectedTermcapEntries>(u"Selected Termcap Entries", u"Termcap entries that are offered as emulations."),
 
@@ -295,7 +297,7 @@ constexpr std::array kRows = {
 // clang-format on
 
 static_assert(NamesAreUnique(kRows));
-static_assert(CountInTable(kRows) == 201);
+static_assert(CountInTable(kRows) == 203);
 
 } // namespace
 

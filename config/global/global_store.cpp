@@ -10,6 +10,17 @@ constexpr const char16_t* kGlobalKey = u"Global";
 constexpr const char16_t* kButtonBarKey = u"ButtonBar";
 constexpr const char16_t* kDefaultBar = u"Default";
 
+/// By force, and only when something but the time has changed.
+void SaveQuickSynchronizeTask(GlobalConfig& config, const VProfileKey& root, IReportMessageParams& outcome)
+{
+    SynchronizeProfile& task = config.quickSynchronizeTask;
+    if (!task.IsModified())
+        return;
+    VProfileKey key(&root, task.name.c_str());
+    task.Save(&key, true);
+    static_cast<void>(key.Flush(outcome));
+}
+
 } // namespace
 
 VUnknownPointer<GlobalConfig> ReadGlobalConfig(bool isOrvane)
@@ -28,8 +39,19 @@ bool WriteGlobalConfig(GlobalConfig& config, bool force, IReportMessageParams& r
     config.localExplorerFrameState.Save(&key, false);
     config.remoteExplorerFrameState.Save(&key, false);
     config.synchronizeExplorerFrameState.Save(&key, false);
+    VReportMessageParams ofTasks, ofValues;
+    SaveQuickSynchronizeTask(config, *store.GetRootKey(), ofTasks);
     config.Save(&key, force);
-    return key.Flush(report);
+    static_cast<void>(key.Flush(ofValues));
+    // All is written as far as it goes; the first refusal is told.
+    for (IReportMessageParams* const outcome :
+         {static_cast<IReportMessageParams*>(&ofTasks), &config.colorSchemes.GetSaveReport(),
+          static_cast<IReportMessageParams*>(&ofValues)})
+        if (outcome->GetCode() != 0) {
+            report.Assign(outcome);
+            return false;
+        }
+    return true;
 }
 
 void GetButtonBarNames(VStringArray& out)

@@ -108,7 +108,10 @@ void ParseDefault(const std::string& text, ExpectedValue& value)
         value.computed = Computed::FontSmoothing;
     else if (text == "store exists")
         value.computed = Computed::StoreExists;
-    else if (text == "true" || text == "false")
+    else if (Begins(text, "by others ", rest)) {
+        value.computed = Computed::ByOthers;
+        value.defaultValue = static_cast<unsigned>(Number(rest));
+    } else if (text == "true" || text == "false")
         value.defaultValue = text == "true" ? 1u : 0u;
     else if (text == "[]")
         value.defaultValue = VStringArray();

@@ -11,7 +11,7 @@
 namespace ostrand::test {
 
 /// How a default comes about that is no constant.
-enum class Computed { Not, Clock, FontSmoothing, StoreExists };
+enum class Computed { Not, Clock, FontSmoothing, StoreExists, ByOthers };
 
 struct ExpectedValue {
     std::u16string name;

@@ -87,9 +87,6 @@ TEST(GlobalConfig, OverridesOfOneRunAreUndoneByASave)
     for (const auto& c : cases) {
         SCOPED_TRACE(ToUtf8(c.names.front()));
         GlobalStore store;
-        static MemoryStoreFactory* factory;
-        factory = &store.Factory();
-        SetProfileStoreFactoryGetter([]() -> VProfileStoreFactory* { return factory; });
         const ConfigPointer config = Read(store.Key());
         config->Save(store.Key(), true);
         store.TakeWrites();
@@ -107,7 +104,6 @@ TEST(GlobalConfig, OverridesOfOneRunAreUndoneByASave)
             EXPECT_THAT(writes, testing::Not(testing::Contains(std::u16string(name))));
         EXPECT_FALSE(config->IsModified()) << "the current values are the stored ones again";
         EXPECT_TRUE(config.Get()->*c.flag) << "the flag stays";
-        SetProfileStoreFactoryGetter(nullptr);
     }
 }
 
@@ -198,18 +194,17 @@ TEST(GlobalConfig, WithoutAKeyNoStoreIsOpened)
     });
     const ConfigPointer config = Read(nullptr);
     config->Merge(nullptr);
-    config->Save(nullptr, true);
+    config->mruCount.Save(nullptr, true);
     SetProfileStoreFactoryGetter(nullptr);
     EXPECT_EQ(asked, 0);
+    EXPECT_TRUE(config->colorSchemes.Exists(u"Monochrome"));
+    EXPECT_FALSE(config->quickSynchronizeTask.IsModified());
     EXPECT_TRUE(config->mruCount.dirty) << "a save without a key leaves the default waiting";
 }
 
 TEST(GlobalConfig, FramesGoOutAheadOfTheOthers)
 {
     GlobalStore store;
-    static MemoryStoreFactory* factory;
-    factory = &store.Factory();
-    SetProfileStoreFactoryGetter([]() -> VProfileStoreFactory* { return factory; });
     const ConfigPointer config = Read(store.Key());
     config->Save(store.Key(), false);
     store.TakeWrites();
@@ -218,7 +213,6 @@ TEST(GlobalConfig, FramesGoOutAheadOfTheOthers)
     VReportMessageParams report;
     EXPECT_TRUE(WriteGlobalConfig(*config, false, report));
     EXPECT_THAT(store.TakeWrites(), ElementsAre(u"Remote ExplorerFrame State", u"MRU Count"));
-    SetProfileStoreFactoryGetter(nullptr);
 }
 
 TEST(GlobalConfig, MembersAreFoundInAnyCaseByTheApplicationsOwnName)

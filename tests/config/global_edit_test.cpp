@@ -43,7 +43,8 @@ GlobalEdit EditAndSave(GlobalConfig& config, std::u16string_view name, GlobalSto
 
 TEST(GlobalEdit, FindsEveryValueOfTheApplicationInAnyCase)
 {
-    EXPECT_EQ(GlobalRows().size(), 203u);
+    EXPECT_EQ(GlobalRows().size(), 214u);
+    EXPECT_EQ(FindGlobalRow(u"printer cts flow", false), &RowOf(u"Printer CTS Flow")) << "a part's value is one, too";
     EXPECT_EQ(FindGlobalRow(u"mru count", false), &RowOf(u"MRU Count"));
     EXPECT_EQ(FindGlobalRow(u"show toolbar ovn", true), &RowOf(u"Show Toolbar"));
     EXPECT_EQ(FindGlobalRow(u"Show Toolbar OVN", false), nullptr);

@@ -13,17 +13,33 @@
 
 namespace ostrand::test {
 
-/// A memory store and a handle on its key Global.
+/// A memory store and a handle on its key Global. The first one of a test is the default store, too, where the record
+/// keeps what has keys of its own.
 class GlobalStore {
 public:
     explicit GlobalStore(std::initializer_list<std::pair<const char16_t*, StoreValue>> values = {})
     {
+        if (!s_default) {
+            s_default = &m_factory;
+            SetProfileStoreFactoryGetter([]() -> VProfileStoreFactory* { return s_default; });
+        }
         m_factory.Log().clear(); // the key was made
         for (const auto& [name, value] : values)
             Put(name, value);
     }
 
+    ~GlobalStore()
+    {
+        if (s_default != &m_factory)
+            return;
+        s_default = nullptr;
+        SetProfileStoreFactoryGetter(nullptr);
+    }
+    GlobalStore(const GlobalStore&) = delete;
+    GlobalStore& operator=(const GlobalStore&) = delete;
+
     MemoryStoreFactory& Factory() { return m_factory; }
+    const MemoryStoreFactory& Factory() const { return m_factory; }
     VProfileKey* Key() { return &m_key; }
     void Put(std::u16string_view name, StoreValue value)
     {
@@ -32,20 +48,23 @@ public:
     std::optional<StoreValue> Get(std::u16string_view name) const
     {
         for (StoreEntry& entry : m_factory.Dump())
-            if (entry.name == name)
+            if (entry.key == u"Global" && entry.name == name)
                 return std::move(entry.value);
         return std::nullopt;
     }
-    /// Names of the values written since the last call.
+    /// Names of the values written to the key Global since the last call.
     std::vector<std::u16string> TakeWrites()
     {
         std::vector<std::u16string> names;
         for (StoreWrite& write : std::exchange(m_factory.Log(), {}))
-            names.push_back(std::move(write.name));
+            if (write.key == u"Global")
+                names.push_back(std::move(write.name));
         return names;
     }
 
 private:
+    static inline VProfileStoreFactory* s_default = nullptr;
+
     MemoryStoreFactory m_factory;
     VProfileStore m_store{&m_factory};
     VProfileKey m_key{m_store.GetRootKey(), u"Global"};
@@ -58,12 +77,18 @@ inline ConfigPointer Read(const VProfileKey* key, bool isOrvane = false)
     return ConfigPointer::Adopt(new GlobalConfig(key, isOrvane));
 }
 
-inline std::vector<VProfileData*> MembersOf(GlobalConfig& config)
+/// All leaves of the key Global, with those of the printer's serial line in its place; the colour schemes are left out,
+/// which have their own key.
+inline std::vector<VProfileData*> LeavesOf(GlobalConfig& config)
 {
-    std::vector<VProfileData*> members;
+    std::vector<VProfileData*> leaves;
     for (int i = 0; VProfileData* const member = config.GetMember(i); ++i)
-        members.push_back(member);
-    return members;
+        if (member == &config.printerSerial)
+            for (int j = 0; VProfileData* const leaf = member->GetMember(j); ++j)
+                leaves.push_back(leaf);
+        else if (member != &config.colorSchemes)
+            leaves.push_back(member);
+    return leaves;
 }
 
 inline std::u16string NameOf(const VProfileData& value) { return std::u16string(value.name.View()); }

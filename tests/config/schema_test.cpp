@@ -32,16 +32,10 @@ int Usual(const C& lamp, const C::ReadContext& in) { return in.usual + (lamp.isO
 
 void CeilingHolds(C& lamp) { lamp.brightness = std::min(lamp.brightness.value, lamp.ceiling.value); }
 
-template <auto M, auto F, class... Options>
-consteval auto ComputedInt(const char16_t* name, By<F> by, const char16_t* meaning, Options... options)
-{
-    return schema_detail::ComputedRow<M, int>(VValueClass::Int, name, by, meaning, options...);
-}
-
 constexpr std::array kRows = {
     Bool<&C::isOn>(u"Is On", true, u"Whether it shines.", Formerly{u"On"}),
     Int<&C::brightness>(u"Brightness", 5, u"How much.", Within{1, 10}),
-    ComputedInt<&C::ceiling>(u"Ceiling", By<Usual>(u"the usual, one more when on"), u"Most brightness.", AtLeast{3}),
+    Int<&C::ceiling>(u"Ceiling", By<Usual>(u"the usual, one more when on"), u"Most brightness.", AtLeast{3}),
     Rule<CeilingHolds>(u"The ceiling holds."),
     UInt<&C::colour>(u"Colour", 0xFFFFFFFF, u"Of the light.", NotMerged),
     String<&C::place>(u"Place", u"desk", u"Where it stands.", InOrvane{u"Place OVN"}),

@@ -33,16 +33,30 @@ public:
         return answer;
     }
     VDownloadAnswer OfferDownload(const VDownloadOffer&) override { return VDownloadAnswer::Exit; }
+    bool AskFirewallCredential(VFirewallCredential what, VUnicodeString& text, bool& isSaved,
+                               IParentable* parent) override
+    {
+        questions.emplace_back(what == VFirewallCredential::UserName ? u"user" : u"password");
+        lastParent = parent;
+        if (answer) {
+            text = typed;
+            isSaved = savesTyped;
+        }
+        return answer;
+    }
     void BeginWait() override { ++waiting; }
     void EndWait() override { --waiting; }
 
     bool answer = true; ///< to every question
     std::u16string picked;
+    std::u16string typed;
+    bool savesTyped = false;
 
     std::vector<std::u16string> texts;
     std::vector<std::u16string> questions;
     std::u16string pickedFrom;
     VPromptIcon lastIcon = VPromptIcon::None;
+    IParentable* lastParent = nullptr;
     int waiting = 0;
 };
 

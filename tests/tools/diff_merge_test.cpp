@@ -93,7 +93,7 @@ TEST_F(ToolOnExample, DiffReadsAsATable)
                 ContainsRegex("\nMRU Count +9 +4 +Global.ini:[0-9]+, corrected from 12: its bound is 0 to 9\n"));
     EXPECT_THAT(run.out, ContainsRegex("\nPage Margins +top=0.75 bottom=0.75 +top=0.5 bottom=0.5 +Global.ini"));
     EXPECT_THAT(run.out,
-                ContainsRegex("\n[0-9]+ of 203 values differ from their defaults. [0-9]+ defaults are not stored yet"));
+                ContainsRegex("\n[0-9]+ of 214 values differ from their defaults. [0-9]+ defaults are not stored yet"));
     const ToolRun orvane = Global({"diff", "--app", "orvane"});
     EXPECT_THAT(orvane.out, AllOf(HasSubstr("Show Menu Bar OVN"), Not(HasSubstr("Show Toolbar"))));
 }
@@ -150,9 +150,9 @@ TEST(ToolDiff, AFreshFolderHasNoDifferences)
     const TempFolder folder;
     EXPECT_EQ(
         RunTool({"global", "diff", "--config", folder.Path()}).out,
-        "0 of 203 values differ from their defaults. 200 defaults are not stored yet; the next save writes them.\n");
+        "0 of 214 values differ from their defaults. 211 defaults are not stored yet; the next save writes them.\n");
     folder.Write("Global.ini", "Version = \"7B2F2717-85C8-4729-8394-3B7697039CEB\"\nQuillo Update Prompt Date = 5\n");
-    EXPECT_THAT(RunTool({"global", "diff", "--config", folder.Path()}).out, testing::StartsWith("0 of 203"))
+    EXPECT_THAT(RunTool({"global", "diff", "--config", folder.Path()}).out, testing::StartsWith("0 of 214"))
         << "a computed default, stored or not, is none";
 }
 

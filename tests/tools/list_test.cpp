@@ -80,8 +80,11 @@ TEST(ToolList, AnEmptyFolderShowsEveryValueWithItsDefault)
             EXPECT_EQ(list[i]["name"], ToUtf8(expected[i].NameFor(isOrvane)));
             EXPECT_EQ(list[i]["type"], expected[i].type);
             EXPECT_EQ(list[i]["saved"], expected[i].isInTable);
-            EXPECT_EQ(list[i]["state"], expected[i].hasDefault ? "pending" : "clean");
-            if (expected[i].computed == Computed::Not)
+            const bool isSchemes = expected[i].type == "color-schemes";
+            EXPECT_EQ(list[i]["state"], expected[i].hasDefault || isSchemes ? "pending" : "clean");
+            if (isSchemes)
+                EXPECT_EQ(list[i]["value"].size(), 8u);
+            else if (expected[i].computed == Computed::Not || expected[i].computed == Computed::ByOthers)
                 ExpectDefault(list[i], expected[i]);
             else if (expected[i].computed == Computed::Clock)
                 EXPECT_NEAR(list[i]["value"].get<double>(), static_cast<double>(std::time(nullptr)), 60);
@@ -107,7 +110,7 @@ TEST(ToolList, ASaveLeavesNothingToWrite)
     run = RunTool({"global", "save", "--config", folder});
     EXPECT_EQ(run.out, "Every value is stored already.\n");
     run = RunTool({"global", "save", "--force", "--config", folder});
-    EXPECT_THAT(run.out, testing::StartsWith("200 values saved"));
+    EXPECT_THAT(run.out, testing::StartsWith("211 values saved"));
     EXPECT_EQ(home.Read("deep/Config/Global.ini"), before);
     EXPECT_EQ(std::filesystem::last_write_time(folder + "/Global.ini"), time) << "same values, same file";
     EXPECT_EQ(json::parse(RunTool({"global", "diff", "--json", "--config", folder}).out), json::array());
@@ -127,7 +130,7 @@ TEST(ToolList, TheTextHasALineForEachValue)
     const TempFolder folder;
     folder.Write("Global.ini", "MRU Count = 12\nLog File = \"" + std::string(500, 'x') + "\"\n");
     const ToolRun run = RunTool({"global", "list", "--config", folder.Path()});
-    EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n'), 1 + 203);
+    EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n'), 1 + 214);
     EXPECT_THAT(run.out, testing::ContainsRegex("\nMRU Count +int +changed +9 +4\n"));
     EXPECT_THAT(run.out, testing::ContainsRegex("\nLine Send Delay +int +pending, never saved +5 +5\n"));
     EXPECT_THAT(run.out, HasSubstr("xxx...  "));

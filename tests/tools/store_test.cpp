@@ -149,7 +149,7 @@ TEST(ToolFolders, AnyBytesAreListedWithWarningsAndSetAsideByASave)
     folder.Write("Global.ini", bytes);
     const ToolRun run = RunTool({"global", "list", "--json", "--config", folder.Path()});
     EXPECT_EQ(run.code, 0);
-    EXPECT_EQ(json::parse(run.out).size(), 203u);
+    EXPECT_EQ(json::parse(run.out).size(), 214u);
     EXPECT_THAT(run.err, AllOf(HasSubstr("warning: " + folder.Path("Global.ini") + ":1: "),
                                HasSubstr(" more lines like these\n")));
     EXPECT_LE(std::count(run.err.begin(), run.err.end(), '\n'), 7);
@@ -197,7 +197,7 @@ TEST(ToolUsage, OutputThatCannotBeWrittenFails)
 TEST(ToolSchema, TellsNamesBoundsAndMeanings)
 {
     const json list = json::parse(RunTool({"schema", "global", "--json"}).out);
-    ASSERT_EQ(list.size(), 203u);
+    ASSERT_EQ(list.size(), 214u);
     const auto entry = [&](const char* name) {
         return *std::find_if(list.begin(), list.end(), [&](const json& e) { return e["name"] == name; });
     };

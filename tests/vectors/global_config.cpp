@@ -15,7 +15,10 @@ namespace {
 /// The store, the clock and the record of one case.
 class Scene {
 public:
-    explicit Scene(const Json& theCase) : m_case(theCase), m_store(StoreOf(theCase))
+    explicit Scene(const Json& theCase)
+        : m_case(theCase),
+          m_store(StoreOf(theCase)),
+          m_default(m_store ? &m_store->Factory() : nullptr)
     {
         m_clock.seconds = theCase.value("now", 1'000'000'000u);
         Platform().clock = &m_clock;
@@ -66,6 +69,7 @@ private:
     const Json& m_case;
     test::FakeClock m_clock;
     std::optional<JsonStore> m_store;
+    DefaultStore m_default;
     VUnknownPointer<GlobalConfig> m_config;
 };
 
@@ -105,8 +109,6 @@ Json Merge(const Json& theCase)
     return {{"values", scene.ShownStates()}};
 }
 
-MemoryStoreFactory* g_factory = nullptr; // of the case that saves
-
 Json Save(const Json& theCase)
 {
     Scene scene(theCase);
@@ -115,11 +117,8 @@ Json Save(const Json& theCase)
     for (const std::string name : theCase.value("overrides", Json::array()))
         SetOverride(scene.Config(), name);
 
-    g_factory = &scene.Store().Factory();
-    SetProfileStoreFactoryGetter([]() -> VProfileStoreFactory* { return g_factory; });
     VReportMessageParams report;
     const bool saved = WriteGlobalConfig(scene.Config(), theCase.at("force"), report);
-    SetProfileStoreFactoryGetter(nullptr);
     if (!saved)
         throw std::runtime_error("the save failed");
 

@@ -34,12 +34,12 @@ Json FromStored(const StoreValue& value)
 
 } // namespace
 
-JsonStore::JsonStore(const Json& values)
+JsonStore::JsonStore(const Json& values, const char16_t* keyName) : m_keyName(keyName)
 {
     for (const auto& [name, value] : values.items())
-        m_factory.Fill({{kKey, std::u16string(ToText(name).View()), ToStored(value)}});
+        m_factory.Fill({{m_keyName, std::u16string(ToText(name).View()), ToStored(value)}});
     m_store.emplace(&m_factory);
-    m_key.emplace(m_store->GetRootKey(), kKey);
+    m_key.emplace(m_store->GetRootKey(), keyName);
     TakeWrote();
 }
 
@@ -47,7 +47,8 @@ Json JsonStore::Values() const
 {
     Json values = Json::object();
     for (const StoreEntry& entry : m_factory.Dump())
-        values[FromText(entry.name).get<std::string>()] = FromStored(entry.value);
+        if (entry.key == m_keyName)
+            values[FromText(entry.name).get<std::string>()] = FromStored(entry.value);
     return values;
 }
 
@@ -56,6 +57,14 @@ Json JsonStore::Value(const VUnicodeString& name) const
     const Json values = Values();
     return values.value(FromText(name).get<std::string>(), Json());
 }
+
+DefaultStore::DefaultStore(VProfileStoreFactory* factory)
+{
+    s_factory = factory ? factory : &m_empty;
+    SetProfileStoreFactoryGetter([] { return s_factory; });
+}
+
+DefaultStore::~DefaultStore() { SetProfileStoreFactoryGetter(nullptr); }
 
 bool JsonStore::TakeWrote() { return !std::exchange(m_factory.Log(), {}).empty(); }
 

@@ -63,6 +63,15 @@ void SetCurrentValue(VProfileData& value, const Json& json);
 Json StateOf(const VProfileData& value, const Json& current);
 inline Json StateOf(const VProfileData& value) { return StateOf(value, CurrentValue(value)); }
 
+/// Of all members of a record, by their names.
+inline Json StatesOf(VProfileData& record)
+{
+    Json states = Json::object();
+    for (int i = 0; const VProfileData* const member = record.GetMember(i); ++i)
+        states[FromText(member->name).get<std::string>()] = StateOf(*member);
+    return states;
+}
+
 /// The current value itself, of a value class V.
 template <class V>
 const auto& Current(const V& value)

@@ -44,5 +44,9 @@ std::span<const Kind> BlowfishCipherKinds();
 std::span<const Kind> BlowfishTextKinds();
 std::span<const Kind> ProtectedValuesKinds();
 std::span<const Kind> LoginScriptKinds();
+std::span<const Kind> ColorSchemeKinds();
+std::span<const Kind> SerialConfigKinds();
+std::span<const Kind> RemoteHostKinds();
+std::span<const Kind> SynchronizeKinds();
 
 } // namespace ostrand::vectors

@@ -1,0 +1,14 @@
+// A key with all below it, copied to another place of its store.
+#pragma once
+
+#include "core/report.h"
+#include "profile/key.h"
+
+namespace ostrand {
+
+/// Copies values and subkeys from one open key to another, and flushes each key. False where a key can't be read or
+/// written, or holds a value that can't be carried over, of a kind that this version doesn't know; `report` says why.
+/// What was copied before stays.
+OSTRAND_API bool CopyKey(const VProfileKey& from, VProfileKey& to, IReportMessageParams& report);
+
+} // namespace ostrand

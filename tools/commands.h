@@ -13,6 +13,8 @@ Exit SetGlobal(const Request& request);
 Exit ResetGlobal(const Request& request);
 Exit SaveGlobal(const Request& request);
 Exit MergeGlobal(const Request& request);
+Exit ImportSchemeFiles(const Request& request);
+Exit ShowSynchronizeTasks(const Request& request);
 Exit ExplainGlobal(const Request& request);
 Exit EncodeSecret(const Request& request);
 Exit DecodeSecret(const Request& request);

@@ -176,6 +176,11 @@ Exit ConfigFolder::FailSave(IReportMessageParams& report) const
     std::_Exit(static_cast<int>(FailGlobal(report)));
 }
 
+Exit ConfigFolder::FailSaveBelow(IReportMessageParams& report) const
+{
+    std::_Exit(static_cast<int>(Fail(Exit::Store, m_path + ": " + ReportText(report)))); // as above
+}
+
 Exit ConfigFolder::FailGlobal(IReportMessageParams& report) const
 {
     return Fail(Exit::Store, GlobalFile() + ": " + ReportText(report));

@@ -47,6 +47,8 @@ public:
     Exit FailGlobal(IReportMessageParams& report) const;
     /// The same after writes that were refused; doesn't return.
     [[noreturn]] Exit FailSave(IReportMessageParams& report) const;
+    /// The same where other keys than Global were written.
+    [[noreturn]] Exit FailSaveBelow(IReportMessageParams& report) const;
     /// The file of the key Global.
     std::string GlobalFile() const;
 

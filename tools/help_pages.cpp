@@ -133,8 +133,9 @@ std::string LongOptions(const CLI::App& app)
 /// Which list of words completes a command's first positional word; empty for none.
 std::string WordList(const CLI::App& command)
 {
-    constexpr std::pair<std::string_view, const char*> kLists[] = {
-        {"NAME", "values"}, {"KEY", "keys"}, {"ZONE", "zones"}};
+    constexpr std::pair<std::string_view, const char*> kLists[] = {{"NAME", "values"},    {"KEY", "keys"},
+                                                                   {"ZONE", "zones"},     {"FIREWALL", "firewalls"},
+                                                                   {"FILTER", "filters"}, {"SCHEME", "schemes"}};
     for (const CLI::Option* option : ShownOptions(command)) {
         if (!option->get_positional())
             continue;

@@ -1,6 +1,7 @@
 #include "tools/options.h"
 
 #include "tools/commands.h"
+#include "tools/definitions.h"
 #include "tools/help_pages.h"
 #include "tools/output.h"
 
@@ -45,6 +46,16 @@ void AddWord(CLI::App& app, const char* name, std::string& target, const char* w
     app.add_option(name, take, what)->required(isRequired);
 }
 
+/// All words of an option into the request's values.
+CLI::callback_t TakeWords(Request& request)
+{
+    return [&request](const CLI::results_t& words) {
+        request.values.clear();
+        std::transform(words.begin(), words.end(), std::back_inserter(request.values), Unmarked);
+        return true;
+    };
+}
+
 void AddName(CLI::App& app, Request& request)
 {
     AddWord(app, "NAME", request.name, "Name of the value, in any case", true);
@@ -53,12 +64,7 @@ void AddName(CLI::App& app, Request& request)
 void AddNameAndValues(CLI::App& app, Request& request)
 {
     AddName(app, request);
-    const CLI::callback_t take = [&request](const CLI::results_t& words) {
-        request.values.clear();
-        std::transform(words.begin(), words.end(), std::back_inserter(request.values), Unmarked);
-        return true;
-    };
-    app.add_option("VALUE", take, "The value; words behind -- are taken as they are")
+    app.add_option("VALUE", TakeWords(request), "The value; words behind -- are taken as they are")
         ->expected(0, -1)
         ->allow_extra_args();
 }
@@ -173,7 +179,29 @@ void AddPlainSecret(CLI::App& app, Request& request) { AddSecretForm(app, reques
 
 void AddStoredSecret(CLI::App& app, Request& request) { AddSecretForm(app, request, "--stored"); }
 
+void AddFields(CLI::App& app, Request& request)
+{
+    app.add_option("FIELD=VALUE", TakeWords(request), "Fields, by the names that show prints")
+        ->expected(0, -1)
+        ->allow_extra_args();
+}
+
+void AddSchemeFiles(CLI::App& app, Request& request)
+{
+    app.add_option("FILE", TakeWords(request), "Files with colour schemes, whatever program they come from")
+        ->required()
+        ->expected(1, -1)
+        ->allow_extra_args();
+    app.add_flag("--ansi", request.withAnsi, "Take the sixteen ANSI colours, too, from a file with one scheme");
+}
+
 void AddNothing(CLI::App&, Request&) {}
+
+template <const DefinitionKind& (*Kind)()>
+Exit CompleteOf(const Request& request)
+{
+    return CompleteDefinitions(request, Kind());
+}
 
 constexpr Command kCommands[] = {
     {"global", "list",
@@ -286,6 +314,15 @@ constexpr Command kCommands[] = {
      "path check 'C:/Temp/a.log'\n", AddPath, CheckPath},
     {"path", "executable", "Prints the executable of a command line: in quotes, or up to the first .exe.",
      "path executable '\"C:\\Program Files\\Tessaly.exe\" /S Router'\n", AddLine, ExecutableOf},
+    {"scheme", "import",
+     "Adds the colour schemes of files to the list, or puts them in the place of those of the same names. Understands "
+     "schemes and settings of Windows Terminal, X resources, and sessions of PuTTY as the registry exports them.",
+     "scheme import Solarized.Xresources\n"
+     "scheme import *.json\n"
+     "scheme import --ansi 'Belafonte Day.reg'\n",
+     AddSchemeFiles, ImportSchemeFiles},
+    {"sync", "show", "Prints the tasks of the quick synchronization, and when it ran last.",
+     "sync show\nsync show --json\n", AddNothing, ShowSynchronizeTasks},
     {"secret", "encode",
      "Prints the stored form of the text on standard input. The forms encoded and blowfish hide a text, they don't "
      "protect it; protected keeps it from everybody but this user on this machine.",
@@ -309,6 +346,67 @@ constexpr Command kCommands[] = {
     {"complete", "values", "Names of all global values.", "", AddNothing, CompleteValues},
     {"complete", "keys", "Paths of all keys.", "", AddNothing, CompleteKeys},
     {"complete", "zones", "Names of all time zones.", "", AddNothing, CompleteZones},
+    {"complete", "firewalls", "Names of all firewalls.", "", AddNothing, CompleteOf<FirewallKind>},
+    {"complete", "filters", "Names of all filters.", "", AddNothing, CompleteOf<FilterKind>},
+    {"complete", "schemes", "Names of all colour schemes.", "", AddNothing, CompleteOf<SchemeKind>},
+};
+
+/// Commands that all lists of definitions have.
+struct DefinitionCommand {
+    const char* name;
+    const char* what;
+    bool takesName;
+    bool takesFields;
+    bool takesNewName;
+    Exit (*run)(const Request&, const DefinitionKind&);
+};
+
+constexpr DefinitionCommand kDefinitionCommands[] = {
+    {"list", "Lists them with their main fields.", false, false, false, ListDefinitions},
+    {"show", "Prints all fields of one. A secret is shown as <set> or <empty>.", true, false, false, ShowDefinition},
+    {"set",
+     "Sets fields of one, and saves it. The value of a secret is -, and is read from standard input; nothing behind "
+     "the "
+     "= empties it.",
+     true, true, false, SetDefinition},
+    {"new", "Makes one with these fields, the others as they are by default.", true, true, false, NewDefinition},
+    {"rename", "Gives one another name. What refers to the old name keeps it.", true, false, true, RenameDefinition},
+    {"delete", "Deletes one. What refers to it keeps the name.", true, false, false, DeleteDefinition},
+};
+
+struct DefinitionGroup {
+    const char* name;
+    const char* what;
+    const char* argument; ///< how the help calls a name
+    const char* examples[std::size(kDefinitionCommands)];
+    const DefinitionKind& (*kind)();
+};
+
+constexpr DefinitionGroup kDefinitionGroups[] = {
+    {"firewall",
+     "Proxies and gateways that sessions name",
+     "FIREWALL",
+     {"firewall list\n", "firewall show Gate\nfirewall show Gate --reveal\n",
+      "firewall set Gate 'Firewall Address=10.0.0.1' 'Firewall Port=1080'\n"
+      "firewall set Gate 'Firewall Password=-' < password.txt\n",
+      "firewall new Gate 'Firewall Type=SOCKSv5' 'Firewall Address=gate.example.org'\n",
+      "firewall rename Gate 'Main gate'\n", "firewall delete Gate\n"},
+     FirewallKind},
+    {"filter",
+     "Lists of file name patterns that synchronize tasks name",
+     "FILTER",
+     {"filter list\n", "filter show Sources\n", "filter set Sources 'Filter Criteria=*.c; *.h'\n",
+      "filter new Sources 'Filter Type=Include' 'Filter Criteria=*.c; *.h'\n", "filter rename Sources Code\n",
+      "filter delete Sources\n"},
+     FilterKind},
+    {"scheme",
+     "Colour schemes that sessions name",
+     "SCHEME",
+     {"scheme list\n", "scheme show Traditional\n",
+      "scheme set Traditional 'background=#102030' 'foreground.bold=#ffffff'\n",
+      "scheme new Night 'foreground=#c0c0c0' 'background=#000020'\n", "scheme rename Night 'Late night'\n",
+      "scheme delete Night\n"},
+     SchemeKind},
 };
 
 struct Group {
@@ -322,6 +420,7 @@ constexpr Group kGroups[] = {
     {"store", "The stored values themselves", false},
     {"history", "Former versions of stored values", false},
     {"path", "Paths and their templates, without looking at any file", false},
+    {"sync", "The quick synchronization of the file-transfer client", false},
     {"secret", "Texts in the forms in which secrets are stored", false},
     {"timezone", "The system's time zones", false},
     {"complete", "Words for shell completion", true},
@@ -408,8 +507,17 @@ void CommandLine::AddGlobalOptions()
     m_app.add_flag("--bash-completion", m_wantsCompletion)->group("");
 }
 
+CLI::App& CommandLine::AddCommand(CLI::App& parent, const char* name, const char* what, const std::string& examples)
+{
+    CLI::App* const app = parent.add_subcommand(name, what);
+    app->fallthrough();
+    app->footer(examples);
+    return *app;
+}
+
 void CommandLine::AddCommands()
 {
+    AddDefinitions();
     for (const Group& group : kGroups) {
         CLI::App* const parent = m_app.add_subcommand(group.name, group.what);
         parent->require_subcommand(1)->fallthrough();
@@ -426,11 +534,33 @@ void CommandLine::AddCommandsOf(std::string_view group, CLI::App& parent)
     for (const Command& command : kCommands) {
         if (command.group != group)
             continue;
-        CLI::App* const app = parent.add_subcommand(command.name, command.what);
-        app->fallthrough();
-        app->footer(ExamplesFooter(command.examples));
-        app->callback([this, run = command.run] { m_action = run; });
-        command.addOptions(*app, m_request);
+        CLI::App& app = AddCommand(parent, command.name, command.what, ExamplesFooter(command.examples));
+        app.callback([this, run = command.run] { m_action = run; });
+        command.addOptions(app, m_request);
+    }
+}
+
+void CommandLine::AddDefinitions()
+{
+    for (const DefinitionGroup& group : kDefinitionGroups) {
+        CLI::App* const parent = m_app.add_subcommand(group.name, group.what);
+        parent->require_subcommand(1)->fallthrough();
+        for (const DefinitionCommand& command : kDefinitionCommands) {
+            const char* const examples = group.examples[&command - kDefinitionCommands];
+            CLI::App& app = AddCommand(*parent, command.name, command.what, ExamplesFooter(examples));
+            app.callback([this, run = command.run, kind = group.kind] {
+                m_action = [run, kind](const Request& request) { return run(request, kind()); };
+            });
+            if (command.takesName)
+                AddWord(app, group.argument, m_request.name, "Its name, in any case", true);
+            if (command.takesNewName)
+                AddWord(app, "NEWNAME", m_request.tail, "The new name", true);
+            if (command.takesFields)
+                AddFields(app, m_request);
+            if (command.run == ShowDefinition)
+                app.add_flag("--reveal", m_request.reveal, "Show secrets as they are");
+        }
+        AddCommandsOf(group.name, *parent);
     }
 }
 

@@ -8,6 +8,8 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include <functional>
+#include <string>
 #include <string_view>
 
 namespace ostrand::tool {
@@ -37,11 +39,13 @@ public:
 private:
     void AddGlobalOptions();
     void AddCommands();
+    CLI::App& AddCommand(CLI::App& parent, const char* name, const char* what, const std::string& examples);
     void AddCommandsOf(std::string_view group, CLI::App& parent);
+    void AddDefinitions();
 
     CLI::App m_app;
     Request m_request;
-    Action m_action = nullptr;
+    std::function<Exit(const Request&)> m_action;
     bool m_wantsMan = false;
     bool m_wantsCompletion = false;
 };

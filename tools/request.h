@@ -24,11 +24,13 @@ struct Request {
     bool force = false;
     bool write = false;
     bool repair = false;
-    std::string name; ///< of a value
+    bool reveal = false;
+    bool withAnsi = false;
+    std::string name; ///< of a value or definition
     std::string key;  ///< path below the store's root, empty for the root
     std::vector<std::string> values;
     std::string path; ///< or a template of one, or a command line
-    std::string tail; ///< joined behind the path
+    std::string tail; ///< joined behind the path; a new name
     std::optional<std::string> host;
     std::optional<std::string> session;
     std::string form;                ///< in which a secret is stored

@@ -1,6 +1,7 @@
 #include "config/global/color_scheme_list.h"
 
 #include "core/fold.h"
+#include "platform/error_codes.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -80,6 +81,8 @@ void ProfileColorSchemeList::LoadByName(const VProfileKey*, const VUnicodeString
     SetName(listName);
     const VProfileStore store(true);
     const VProfileKey key(store.GetRootKey(), kName);
+    const unsigned code = key.GetStatus().GetCode();
+    m_loadFailure = code == kErrorFileNotFound ? 0 : code;
     ReadSchemes(key);
     if (GetCount() == 0)
         AddBuiltInSchemes(&key);
@@ -135,7 +138,9 @@ void ProfileColorSchemeList::Load(const VProfileKey* key, const char16_t* scheme
 
 void ProfileColorSchemeList::Save(VProfileKey*, bool force)
 {
-    m_saveReport.Succeed();
+    m_saveReport.SetMessage(m_loadFailure);
+    if (m_loadFailure != 0)
+        return; // what was never read would be deleted
     if (!force && !IsAnyPending()) {
         const VProfileStore store(true);
         const VProfileKey key(store.GetRootKey(), name.c_str());

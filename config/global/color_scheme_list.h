@@ -32,7 +32,8 @@ public:
     /// False for a null key, or one without a subkey of the list's name; else `LoadByName`.
     bool ReadValue(const VProfileKey* key);
 
-    /// Deletes stored schemes that the list lacks, also without a change, and saves what is changed or pending.
+    /// Deletes stored schemes that the list lacks, also without a change, and saves what is changed or pending. Refused
+    /// with the reason of the last load, where that could not read the store.
     void Save(VProfileKey* key, bool force) override;
     /// Whether the next save writes a scheme.
     bool IsAnyPending() const;
@@ -71,6 +72,7 @@ private:
 
     Schemes m_schemes;
     std::unique_ptr<ProfileColorSchemeList> m_snapshot; // has none itself
+    unsigned m_loadFailure = 0;                         // of the last load; 0 also where there was no key yet
     VReportMessageParams m_saveReport;
 };
 

@@ -13,14 +13,37 @@ _ostrandcfg() {
     --app) mapfile -t COMPREPLY < <(compgen -W 'tessaly orvane quillo' -- "$cur"); return ;;
     esac
     case $command in
-    '') words='global schema store history path secret timezone explain' ;;
+    '') words='firewall filter scheme global schema store history path sync secret timezone explain' ;;
+    firewall) words='list show set new rename delete' ;;
+    filter) words='list show set new rename delete' ;;
+    scheme) words='list show set new rename delete import' ;;
     global) words='list get set reset save merge diff' ;;
     schema) words='global' ;;
     store) words='dump check' ;;
     history) words='list show diff restore' ;;
     path) words='join split expand check executable' ;;
+    sync) words='show' ;;
     secret) words='encode decode' ;;
     timezone) words='list bias' ;;
+    'firewall list') words='--help' ;;
+    'firewall show') words='--help --reveal' list=firewalls ;;
+    'firewall set') words='--help' list=firewalls ;;
+    'firewall new') words='--help' list=firewalls ;;
+    'firewall rename') words='--help' list=firewalls ;;
+    'firewall delete') words='--help' list=firewalls ;;
+    'filter list') words='--help' ;;
+    'filter show') words='--help --reveal' list=filters ;;
+    'filter set') words='--help' list=filters ;;
+    'filter new') words='--help' list=filters ;;
+    'filter rename') words='--help' list=filters ;;
+    'filter delete') words='--help' list=filters ;;
+    'scheme list') words='--help' ;;
+    'scheme show') words='--help --reveal' list=schemes ;;
+    'scheme set') words='--help' list=schemes ;;
+    'scheme new') words='--help' list=schemes ;;
+    'scheme rename') words='--help' list=schemes ;;
+    'scheme delete') words='--help' list=schemes ;;
+    'scheme import') words='--help --ansi' ;;
     'global list') words='--help' ;;
     'global get') words='--help' list=values ;;
     'global set') words='--help' list=values ;;
@@ -40,6 +63,7 @@ _ostrandcfg() {
     'path expand') words='--help --host --session' ;;
     'path check') words='--help' ;;
     'path executable') words='--help' ;;
+    'sync show') words='--help' ;;
     'secret encode') words='--help --form --mode --name --text' ;;
     'secret decode') words='--help --form --mode --name --stored' ;;
     'timezone list') words='--help' ;;

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Fails on an include that points upwards, on a toolkit's header below the dialogs, and on a system switch outside
-# platform/. Lowest first: platform, core, profile; then config and stores beside each other.
+# platform/. Lowest first: platform, core, profile, keymap, config, imports; stores stand on profile.
 set -u
 cd "$(dirname "$0")/.."
 found=0
@@ -17,15 +17,17 @@ may() {
 may platform "platform core"
 may core "core platform"
 may profile "profile core platform"
-may config "config profile core platform"
+may keymap "keymap profile core platform"
+may config "config keymap profile core platform"
 may stores "stores profile core platform"
+may imports "imports config keymap profile core platform"
 
-lower="core profile config stores platform"
+lower="core profile keymap config stores imports platform"
 if grep -rnE '^#include <Q[A-Z]|^#include <(gtk|windows\.h)' $lower --include='*.h' --include='*.cpp'; then
     echo "^ no toolkit below the dialogs"
     found=1
 fi
-if grep -rnE '^ *# *(if|ifdef|elif).*(_WIN32|__linux__|__unix__|__APPLE__)' core profile config stores tools --include='*.h' --include='*.cpp'; then
+if grep -rnE '^ *# *(if|ifdef|elif).*(_WIN32|__linux__|__unix__|__APPLE__)' core profile keymap config stores imports tools --include='*.h' --include='*.cpp'; then
     echo "^ system switches stand in platform/ alone"
     found=1
 fi

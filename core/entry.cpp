@@ -1,6 +1,7 @@
 #include "core/entry.h"
 
 #include "config/global/global_store.h"
+#include "config/session/emulations.h"
 #include "core/lock.h"
 #include "core/product.h"
 
@@ -12,7 +13,12 @@ VModuleState& ModuleState()
     return state;
 }
 
-void OstrandUiInit(VReportRouterGetter getter) { SetReportRouterGetter(getter); }
+void OstrandUiInit(VReportRouterGetter getter)
+{
+    SetReportRouterGetter(getter);
+    // The migration tool's name, "Migrate", is no product's; it gets the rows of all that aren't Quillo.
+    RebuildEmulationTables(GetProductFromAppName(), nullptr);
+}
 
 void OstrandUiInitProfileFactory(VProfileStoreFactoryGetter getter) { SetProfileStoreFactoryGetter(getter); }
 
@@ -22,6 +28,7 @@ void OstrandUiInitGUI(VSessionPicker picker, VImageListGetter getter)
     ModuleState().imageListGetter = getter;
     GlobalConfig* config = nullptr;
     GetGlobalConfig(config, -1);
+    RebuildEmulationTables(GetProductFromAppName(), config);
 }
 
 void GetGlobalConfig(GlobalConfig*& config, int productId)
@@ -30,6 +37,7 @@ void GetGlobalConfig(GlobalConfig*& config, int productId)
     if (!held) {
         const int product = productId == -1 ? GetProductFromAppName() : productId;
         held = ReadGlobalConfig(product == kProductOrvane);
+        RebuildEmulationTables(GetProductFromAppName(), held.Get());
     }
     config = held.Get();
 }

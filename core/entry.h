@@ -10,16 +10,19 @@
 
 namespace ostrand {
 
-/// Takes the getter of the router that shows messages; may be null.
+/// Takes the getter of the router that shows messages; may be null. Fills the tables of emulations
+/// (config/session/emulations.h), still without termcap entries.
 OSTRAND_API void OstrandUiInit(VReportRouterGetter getter);
 /// Takes the getter of the factory that every later default store goes through. Must precede all that opens a store.
 OSTRAND_API void OstrandUiInitProfileFactory(VProfileStoreFactoryGetter getter);
-/// Takes the session picker and the image list, and creates the global configuration if it isn't there yet.
+/// Takes the session picker and the image list, and creates the global configuration if it isn't there yet. The tables
+/// of emulations are filled anew, now with the termcap entries that the user selected.
 OSTRAND_API void OstrandUiInitGUI(VSessionPicker picker, VImageListGetter getter);
 
 /// The one configuration, read from the store at the first call; lent, no reference is added. `productId` chooses the
-/// application's names at that first call, -1 meaning by the application's name. Takes no lock. Don't keep the pointer
-/// across ResetGlobalConfig or ReloadGlobalConfig without a reference of your own.
+/// application's names at that first call, -1 meaning by the application's name. The reading, here and in a reload,
+/// fills the tables of emulations anew. Takes no lock. Don't keep the pointer across ResetGlobalConfig or
+/// ReloadGlobalConfig without a reference of your own.
 OSTRAND_API void GetGlobalConfig(GlobalConfig*& config, int productId);
 /// Drops the configuration under its lock, saving nothing; `config` becomes null.
 OSTRAND_API void ResetGlobalConfig(GlobalConfig*& config);

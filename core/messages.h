@@ -49,6 +49,8 @@ inline constexpr unsigned kVariantNotConvertible = 0xe104006b;
 inline constexpr unsigned kOctalInvalidDigit = 0xe104006c;
 inline constexpr unsigned kOctalAboveMaximum = 0xe104006d;
 inline constexpr unsigned kOctalOverflow = 0xe104006e;
+inline constexpr unsigned kKeymapFileFailed = 0xe1370001;    // path, reasons
+inline constexpr unsigned kKeymapFileHasErrors = 0xa1370002; // path, reasons; the good lines are taken
 
 /// One row of the library's own table.
 struct VMessageText {

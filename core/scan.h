@@ -1,5 +1,5 @@
-// A cursor over text that was written by "%d", "%lu" and "%s": list view states and the like. It reads as the C library
-// scans: blanks in front of a value are skipped, a value ends at the first character that doesn't belong to it.
+// A cursor over text that was written by "%d", "%lu", "%x" and "%s": list view states and the like. It reads as the C
+// library scans: blanks in front of a value are skipped, a value ends at the first character that doesn't belong to it.
 #pragma once
 
 #include "platform/export.h"
@@ -19,6 +19,8 @@ public:
     bool Int(int& out);
     /// As Int; "-1" is 4294967295.
     bool UnsignedLong(uint32_t& out);
+    /// Blanks, a sign, "0x" or not, hexadecimal digits; wraps like Int.
+    bool Hex(uint32_t& out);
     /// Exactly this character, without blanks in front.
     bool Literal(char16_t c);
     /// Blanks, then all up to the next blank; false at the end of the text.
@@ -28,6 +30,7 @@ public:
 
 private:
     void SkipBlanks();
+    bool Number(uint32_t base, uint32_t& out);
 
     std::u16string_view m_rest;
 };

@@ -2,6 +2,8 @@
 
 #include "core/code_page.h"
 
+#include <algorithm>
+
 namespace ostrand {
 
 namespace {
@@ -11,25 +13,32 @@ constexpr VTextEncoding kMarked[] = {VTextEncoding::Utf8, VTextEncoding::Utf16, 
 
 unsigned ByteAt(std::string_view bytes, size_t i) { return static_cast<unsigned char>(bytes[i]); }
 
-/// Length of the sequence that a lead byte begins; 0 for one that this reader doesn't take.
+/// Length of the sequence that a lead byte beyond ASCII begins; 0 for one that this reader doesn't take.
 size_t SequenceLength(unsigned lead)
 {
-    if (lead < 0x80)
-        return 1;
     if (lead >= 0xC2 && lead < 0xE0)
         return 2;
     return lead >= 0xE0 && lead < 0xF0 ? 3 : 0;
 }
 
+/// Appends the ASCII at `at`, most of any text, in one go; answers the place behind it.
+size_t TakeAscii(std::string_view bytes, size_t at, std::u16string& out)
+{
+    const auto first = bytes.begin() + static_cast<std::ptrdiff_t>(at);
+    const auto end = std::find_if(first, bytes.end(), [](char b) { return (b & 0x80) != 0; });
+    out.append(first, end);
+    return static_cast<size_t>(end - bytes.begin());
+}
+
 size_t DecodeUtf8(std::string_view bytes, std::u16string& out)
 {
     size_t at = 0;
-    while (at < bytes.size()) {
+    while ((at = TakeAscii(bytes, at, out)) < bytes.size()) {
         const unsigned lead = ByteAt(bytes, at);
         const size_t length = SequenceLength(lead);
         if (length == 0)
             return bytes.size();
-        unsigned c = length == 1 ? lead : lead & (0xFFu >> (length + 1));
+        unsigned c = lead & (0xFFu >> (length + 1));
         size_t taken = 1;
         for (; taken < length && at + taken < bytes.size(); ++taken) {
             const unsigned b = ByteAt(bytes, at + taken);
@@ -110,8 +119,8 @@ size_t DecodeText(VTextEncoding encoding, std::string_view bytes, std::u16string
     case VTextEncoding::CodePage:
         break;
     }
-    for (const char b : bytes)
-        out.push_back(FromCodePage(static_cast<unsigned char>(b)));
+    for (size_t at = 0; (at = TakeAscii(bytes, at, out)) < bytes.size(); ++at)
+        out.push_back(FromCodePage(static_cast<unsigned char>(bytes[at])));
     return bytes.size();
 }
 

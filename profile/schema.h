@@ -64,6 +64,11 @@ struct InOrvane {
 struct Formerly {
     const char16_t* name;
 };
+/// An old name of a number whose value, where the new one is missing, is the default: no change, but like any default
+/// it waits for the next save.
+struct DefaultFrom {
+    const char16_t* name;
+};
 struct Within {
     int low, high;
 };
@@ -98,8 +103,8 @@ struct MemberOf<F C::*> {
 };
 template <class F>
 struct ArgumentOf;
-template <class C>
-struct ArgumentOf<void (*)(C&)> {
+template <class C, class... Context>
+struct ArgumentOf<void (*)(C&, Context...)> {
     using Record = C;
 };
 template <auto M>
@@ -109,6 +114,11 @@ using FieldOf = typename MemberOf<decltype(M)>::Field;
 
 constexpr void Apply(VSchemaEntry& e, InOrvane o) { e.nameInOrvane = o.name; }
 constexpr void Apply(VSchemaEntry& e, Formerly o) { e.formerly = o.name; }
+constexpr void Apply(VSchemaEntry& e, DefaultFrom o)
+{
+    e.formerly = o.name;
+    e.formerlyIsDefault = true;
+}
 constexpr void Apply(VSchemaEntry& e, Within o) { e.bound = {VBound::Kind::Within, o.low, o.high}; }
 constexpr void Apply(VSchemaEntry& e, AtLeast o) { e.bound = {VBound::Kind::AtLeast, o.low, 0}; }
 constexpr void Apply(VSchemaEntry& e, Among o) { e.bound = {VBound::Kind::Among, o.low, o.high}; }
@@ -153,8 +163,11 @@ void LoadNumber(RecordOf<M>& record, const VSchemaEntry& row, const VUnicodeStri
     value.SetName(name);
     value.Load(key, defaultValue);
     unsigned old = 0;
-    if (row.formerly && key && value.dirty && key->ReadDword(row.formerly, &old))
+    if (row.formerly && key && value.dirty && key->ReadDword(row.formerly, &old)) {
         value = static_cast<T>(old);
+        if (row.formerlyIsDefault)
+            value.saved = value.value;
+    }
     Correct<M, FieldOf<M>>(record, row);
 }
 
@@ -220,7 +233,7 @@ consteval auto ObjectRow(VValueClass type, const char16_t* name, const char16_t*
     return row;
 }
 
-/// A value whose default is an object that is computed while reading.
+/// An object or text whose default is computed while reading.
 template <auto M, class Field, auto F, class... Options>
 consteval auto ComputedObjectRow(VValueClass type, const char16_t* name, By<F> by, const char16_t* meaning,
                                  Options... options)
@@ -276,12 +289,10 @@ consteval auto Int(const char16_t* name, By<F> by, const char16_t* meaning, Opti
 {
     return schema_detail::ComputedRow<M, int>(VValueClass::Int, name, by, meaning, options...);
 }
-/// Begins as undetermined.
 template <auto M, class... Options>
-consteval auto TriState(const char16_t* name, const char16_t* meaning, Options... options)
+consteval auto TriState(const char16_t* name, VTriState defaultValue, const char16_t* meaning, Options... options)
 {
-    return schema_detail::NumberRow<M, VTriState>(VValueClass::TriState, name, VTriState::Undetermined, meaning,
-                                                  options...);
+    return schema_detail::NumberRow<M, VTriState>(VValueClass::TriState, name, defaultValue, meaning, options...);
 }
 template <auto M, class... Options>
 consteval auto UInt(const char16_t* name, unsigned defaultValue, const char16_t* meaning, Options... options)
@@ -410,17 +421,39 @@ consteval auto Encrypted(const char16_t* name, const char16_t* defaultText, cons
     return row;
 }
 
+namespace schema_detail {
+
+template <class Record>
+consteval VSchemaRow<Record> RuleRow(const char16_t* meaning)
+{
+    VSchemaRow<Record> row;
+    row.meaning = meaning;
+    row.isInTable = false;
+    return row;
+}
+
+} // namespace schema_detail
+
 /// A rule across values, at its point of the sequence: runs after a load and after a merge, on current values only.
 template <auto F>
 consteval auto Rule(const char16_t* meaning)
 {
     using Record = typename schema_detail::ArgumentOf<decltype(F)>::Record;
-    VSchemaRow<Record> row;
-    row.meaning = meaning;
-    row.isInTable = false;
+    auto row = schema_detail::RuleRow<Record>(meaning);
     row.load = [](Record& record, const VSchemaRow<Record>&, const VUnicodeString&,
                   const typename Record::ReadContext&) { F(record); };
     row.merge = [](Record& record, const VSchemaRow<Record>&, const VProfileKey*) { F(record); };
+    return row;
+}
+/// A rule that looks at the circumstances of the reading, too, as a second argument, so it runs after a load alone.
+template <auto F>
+consteval auto LoadRule(const char16_t* meaning)
+{
+    using Record = typename schema_detail::ArgumentOf<decltype(F)>::Record;
+    auto row = schema_detail::RuleRow<Record>(meaning);
+    row.load = [](Record& record, const VSchemaRow<Record>&, const VUnicodeString&,
+                  const typename Record::ReadContext& in) { F(record, in); };
+    row.merge = [](Record&, const VSchemaRow<Record>&, const VProfileKey*) {};
     return row;
 }
 

@@ -30,6 +30,7 @@ enum class VValueClass : uint8_t {
     Serial,
     Encoded,
     Encrypted,
+    Keymap,
 };
 
 /// "bool", "int", "explorer-frame" and so on.
@@ -70,6 +71,7 @@ struct VSchemaEntry {
     const char16_t* computed = nullptr;     ///< how the default comes about; null where it is constant
     VValueClass type = VValueClass::Bool;
     VBound bound;
+    bool formerlyIsDefault = false; ///< the old value counts as the default; else it is taken over as a change
     bool isMerged = true;
     bool isInTable = true;           ///< false: read and merged, never saved, copied or found by name
     int64_t number = 0;              ///< constant default of a number

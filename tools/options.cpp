@@ -179,6 +179,45 @@ void AddPlainSecret(CLI::App& app, Request& request) { AddSecretForm(app, reques
 
 void AddStoredSecret(CLI::App& app, Request& request) { AddSecretForm(app, request, "--stored"); }
 
+void AddSessionOfMap(CLI::App& app, Request& request)
+{
+    const CLI::callback_t take = [&request](const CLI::results_t& words) {
+        request.session = Unmarked(words.back());
+        return true;
+    };
+    app.add_option("--session", take, "The map of this session, by its path")->option_text("PATH");
+}
+
+void AddMap(CLI::App& app, Request& request)
+{
+    AddWord(app, "FILE", request.path, "A key map file; a bare name also means a shipped one", false);
+    app.add_flag("--default", request.defaults, "The built-in bindings");
+    AddSessionOfMap(app, request);
+}
+
+void AddMapFile(CLI::App& app, Request& request) { AddWord(app, "FILE", request.path, "A key map file", true); }
+
+void AddMapsToConvert(CLI::App& app, Request& request)
+{
+    AddWord(app, "IN", request.path, "A key map file, in any of the four encodings", true);
+    AddWord(app, "OUT", request.tail, "The file to write", true);
+    app.add_flag("--unicode", request.asUnicode, "Write UTF-8 with its mark, instead of the 8-bit code page");
+    app.add_flag("--force", request.force, "Write over a file that is there");
+}
+
+void AddTwoMaps(CLI::App& app, Request& request)
+{
+    AddWord(app, "A", request.path, "A key map file", true);
+    AddWord(app, "B", request.tail, "Another one", true);
+}
+
+void AddKeyToExplain(CLI::App& app, Request& request)
+{
+    AddWord(app, "COMBINATION", request.name, "Such as Ctrl+Shift+2, Alt+F4, Extended+Home, Ctrl+0xDC", true);
+    AddWord(app, "FILE", request.path, "A key map file; without one the built-in bindings alone", false);
+    AddSessionOfMap(app, request);
+}
+
 void AddFields(CLI::App& app, Request& request)
 {
     app.add_option("FIELD=VALUE", TakeWords(request), "Fields, by the names that show prints")
@@ -321,6 +360,28 @@ constexpr Command kCommands[] = {
      "scheme import *.json\n"
      "scheme import --ansi 'Belafonte Day.reg'\n",
      AddSchemeFiles, ImportSchemeFiles},
+    {"keymap", "list", "Lists the bindings of a key map file, of a session, or the built-in ones.",
+     "keymap list Xterm.key\n"
+     "keymap list --default --json\n"
+     "keymap list --session 'Lab\\Router 1'\n",
+     AddMap, ListKeymap},
+    {"keymap", "check",
+     "Names every fault of a key map file, with its line. The exit code is 1 where there are faults.",
+     "keymap check mine.key\n", AddMapFile, CheckKeymap},
+    {"keymap", "convert",
+     "Writes a key map file anew, one line for each key by ascending index, without comments. A file with faults, or "
+     "with "
+     "strings that the encoding can't hold, isn't converted.",
+     "keymap convert mine.key mine-utf8.key --unicode\n", AddMapsToConvert, ConvertKeymap},
+    {"keymap", "diff", "Shows which keys do something else in the second file.", "keymap diff VT100.key Xterm.key\n",
+     AddTwoMaps, DiffKeymaps},
+    {"keymap", "explain",
+     "Tells what a key combination does, and why: by the map's own binding, by default, or disabled. A key that is "
+     "also "
+     "on the keypad is told twice.",
+     "keymap explain Ctrl+Shift+2\n"
+     "keymap explain Home Xterm.key\n",
+     AddKeyToExplain, ExplainKey},
     {"sync", "show", "Prints the tasks of the quick synchronization, and when it ran last.",
      "sync show\nsync show --json\n", AddNothing, ShowSynchronizeTasks},
     {"secret", "encode",
@@ -420,6 +481,7 @@ constexpr Group kGroups[] = {
     {"store", "The stored values themselves", false},
     {"history", "Former versions of stored values", false},
     {"path", "Paths and their templates, without looking at any file", false},
+    {"keymap", "Key maps: what keys do in a terminal session", false},
     {"sync", "The quick synchronization of the file-transfer client", false},
     {"secret", "Texts in the forms in which secrets are stored", false},
     {"timezone", "The system's time zones", false},

@@ -26,6 +26,8 @@ struct Request {
     bool repair = false;
     bool reveal = false;
     bool withAnsi = false;
+    bool defaults = false; ///< the built-in key map
+    bool asUnicode = false;
     std::string name; ///< of a value or definition
     std::string key;  ///< path below the store's root, empty for the root
     std::vector<std::string> values;

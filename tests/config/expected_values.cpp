@@ -108,10 +108,7 @@ void ParseDefault(const std::string& text, ExpectedValue& value)
         value.computed = Computed::FontSmoothing;
     else if (text == "store exists")
         value.computed = Computed::StoreExists;
-    else if (Begins(text, "by others ", rest)) {
-        value.computed = Computed::ByOthers;
-        value.defaultValue = static_cast<unsigned>(Number(rest));
-    } else if (text == "true" || text == "false")
+    else if (text == "true" || text == "false")
         value.defaultValue = text == "true" ? 1u : 0u;
     else if (text == "[]")
         value.defaultValue = VStringArray();
@@ -137,12 +134,19 @@ void ParseOption(const std::string& text, ExpectedValue& value)
         value.nameInOrvane = Wide(rest);
     else if (Begins(text, "formerly ", rest))
         value.formerly = Wide(rest);
-    else if (Begins(text, "within ", rest))
+    else if (Begins(text, "default from ", rest)) {
+        value.formerly = Wide(rest);
+        value.formerlyIsDefault = true;
+    } else if (Begins(text, "within ", rest))
         value.bound = ParseBound(VBound::Kind::Within, rest);
     else if (Begins(text, "at least ", rest))
         value.bound = ParseBound(VBound::Kind::AtLeast, rest);
     else if (Begins(text, "among ", rest))
         value.bound = ParseBound(VBound::Kind::Among, rest);
+    else if (text == "computed")
+        value.computed = Computed::FromOtherValues;
+    else if (text == "not pending")
+        value.isPending = false;
     else if (text == "not merged")
         value.isMerged = false;
     else if (text == "not in the table")
@@ -168,10 +172,10 @@ ExpectedValue ParseLine(const std::string& line)
 
 } // namespace
 
-std::vector<ExpectedValue> ReadExpectedValues()
+std::vector<ExpectedValue> ReadExpectedValues(const char* list)
 {
     std::vector<ExpectedValue> values;
-    std::ifstream in(OSTRAND_TEST_DATA "/global_values.txt");
+    std::ifstream in(std::string(OSTRAND_TEST_DATA "/") + list);
     for (std::string line; std::getline(in, line);) {
         if (line.empty() || line[0] == '#')
             continue;

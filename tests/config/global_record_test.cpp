@@ -1,11 +1,11 @@
 // The global record as a whole: walks over every member, whatever it is.
 #include "tests/config/global_scene.h"
+#include "tests/config/record_walks.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 
 namespace ostrand::test {
 namespace {
@@ -38,39 +38,6 @@ std::vector<StoreEntry> ValuesOf(const GlobalStore& store)
     std::vector<StoreEntry> values = store.Factory().Dump();
     std::erase_if(values, [](const StoreEntry& entry) { return entry.key != u"Global"; });
     return values;
-}
-
-/// Another current value than the one it has.
-void Change(VProfileData& value)
-{
-    if (auto* const number = dynamic_cast<VProfile<int>*>(&value))
-        number->value ^= 1;
-    else if (auto* const colour = dynamic_cast<VProfile<unsigned>*>(&value))
-        colour->value ^= 1;
-    else if (auto* const moment = dynamic_cast<VProfile<unsigned long>*>(&value))
-        moment->value ^= 1;
-    else if (auto* const flag = dynamic_cast<VProfile<bool>*>(&value))
-        flag->value = !flag->value;
-    else if (auto* const list = dynamic_cast<VProfileListViewState*>(&value))
-        list->columns.Append({++list->columnCount, false, 7}); // a text without columns reads back as the defaults
-    else if (auto* const frame = dynamic_cast<VProfileExplorerFrameState*>(&value))
-        frame->third ^= 1;
-    else if (auto* const text = dynamic_cast<VProfileString*>(&value))
-        text->Append(u"x");
-    else if (auto* const texts = dynamic_cast<VProfileStringList*>(&value))
-        texts->Append(u"x");
-    else if (auto* const placement = dynamic_cast<VProfileWindowPlacement*>(&value))
-        placement->normalBottom ^= 1;
-    else if (auto* const margins = dynamic_cast<VProfileMargins*>(&value))
-        margins->bottom += 1;
-    else if (auto* const font = dynamic_cast<VProfileLogFont*>(&value))
-        font->pointSize ^= 1;
-    else if (auto* const colours = dynamic_cast<VProfileColors*>(&value))
-        colours->back() ^= 1;
-    else if (auto* const blob = dynamic_cast<VProfileBlob*>(&value))
-        blob->data.push_back(1);
-    else
-        FAIL() << "a class that this test doesn't know";
 }
 
 bool IsViewState(const VProfileData& value)
@@ -143,17 +110,6 @@ TEST(GlobalRecord, EveryLeafHasANameOfItsOwn)
     }
 }
 
-/// What a damaged or foreign store may hold in place of this value.
-std::vector<StoreValue> Unfit(const StoreValue& value)
-{
-    const StoreBlock oversized(std::holds_alternative<StoreBlock>(value) ? std::get<StoreBlock>(value).size() + 1 : 8);
-    std::vector<StoreValue> all = {0u, VUnicodeString(u""), oversized, VStringArray(), ForeignValue()};
-    std::erase_if(all, [&value](const StoreValue& v) {
-        return v.index() == value.index() && !std::holds_alternative<StoreBlock>(v);
-    });
-    return all;
-}
-
 TEST(GlobalRecord, AnUnfitValueReadsAsItsDefaultAndIsRepaired)
 {
     FakePlatform platform;
@@ -175,48 +131,13 @@ TEST(GlobalRecord, AnUnfitValueReadsAsItsDefaultAndIsRepaired)
     }
 }
 
-size_t SizeOf(VValueClass type)
-{
-    static const std::map<VValueClass, size_t> sizes = {
-        {VValueClass::Bool, sizeof(VProfile<bool>)},
-        {VValueClass::Int, sizeof(VProfile<int>)},
-        {VValueClass::UInt, sizeof(VProfile<unsigned>)},
-        {VValueClass::ULong, sizeof(VProfile<unsigned long>)},
-        {VValueClass::String, sizeof(VProfileString)},
-        {VValueClass::Strings, sizeof(VProfileStringList)},
-        {VValueClass::Font, sizeof(VProfileLogFont)},
-        {VValueClass::Placement, sizeof(VProfileWindowPlacement)},
-        {VValueClass::Margins, sizeof(VProfileMargins)},
-        {VValueClass::Colors, sizeof(VProfileColors)},
-        {VValueClass::ListView, sizeof(VProfileListViewState)},
-        {VValueClass::ExplorerFrame, sizeof(VProfileExplorerFrameState)},
-        {VValueClass::Blob, sizeof(VProfileBlob)},
-        {VValueClass::Serial, sizeof(VSerialDeviceConfig)},
-        {VValueClass::ColorSchemes, sizeof(ProfileColorSchemeList)}};
-    return sizes.at(type);
-}
-
 TEST(GlobalRecord, EveryFieldHasARow)
 {
     const ConfigPointer config = Read(nullptr);
-    const auto addressOf = [](const void* object) { return reinterpret_cast<uintptr_t>(object); };
-    std::vector<std::pair<uintptr_t, uintptr_t>> fields; // first byte, behind the last
-    for (const auto& row : GlobalConfig::Schema().Rows()) {
-        if (row.IsRule())
-            continue;
-        // dynamic_cast<void*> finds where the object begins, wherever its VProfileData lies.
-        const uintptr_t first = addressOf(dynamic_cast<void*>(row.member(*config)));
-        fields.emplace_back(first, first + SizeOf(row.type));
-    }
-    std::sort(fields.begin(), fields.end());
-    for (size_t i = 1; i < fields.size(); ++i)
-        EXPECT_EQ(fields[i].first, fields[i - 1].second)
-            << "a field without a row stands behind the row's field number " << i;
-    constexpr size_t kLeastField = sizeof(VProfile<bool>);
-    EXPECT_LT(fields.front().first - addressOf(&config->scriptingDisabled), kLeastField);
-    EXPECT_LT(addressOf(&config->quickSynchronizeTask) - fields.back().second, kLeastField);
-    EXPECT_LT(addressOf(config.Get()) + sizeof(GlobalConfig) - addressOf(&config->quickSynchronizeTask + 1),
-              kLeastField);
+    ExpectRowsTile(*config, &config->showToolbar, &config->quickSynchronizeTask);
+    EXPECT_LT(reinterpret_cast<uintptr_t>(config.Get() + 1) -
+                  reinterpret_cast<uintptr_t>(&config->quickSynchronizeTask + 1),
+              sizeof(VProfile<bool>));
 }
 
 } // namespace

@@ -91,6 +91,14 @@ inline std::vector<VProfileData*> LeavesOf(GlobalConfig& config)
     return leaves;
 }
 
+inline std::vector<VProfileData*> MembersOf(VProfileData& record)
+{
+    std::vector<VProfileData*> members;
+    for (int i = 0; VProfileData* const member = record.GetMember(i); ++i)
+        members.push_back(member);
+    return members;
+}
+
 inline std::u16string NameOf(const VProfileData& value) { return std::u16string(value.name.View()); }
 
 } // namespace ostrand::test

@@ -11,6 +11,7 @@ namespace {
 struct Lamp : VProfileRecord {
     struct ReadContext : VReadContext {
         int usual = 0;
+        int fuse = 100;
     };
 
     VProfileData* GetMember(int) override { return nullptr; }
@@ -24,6 +25,10 @@ struct Lamp : VProfileRecord {
     VProfile<int> service;
     VProfileEncodedString code;
     VProfileBlowfishString owner;
+    VProfile<VTriState> dims;
+    VProfileString shade;
+    VProfileLogFont label;
+    VProfile<int> watts;
 };
 
 using C = Lamp;
@@ -31,6 +36,12 @@ using C = Lamp;
 int Usual(const C& lamp, const C::ReadContext& in) { return in.usual + (lamp.isOn ? 1 : 0); }
 
 void CeilingHolds(C& lamp) { lamp.brightness = std::min(lamp.brightness.value, lamp.ceiling.value); }
+
+VUnicodeString UsualShade(const C& lamp, const C::ReadContext&) { return lamp.isOn ? u"white" : u"none"; }
+
+VLogFont UsualLabel(const C& lamp, const C::ReadContext& in) { return {in.usual, lamp.shade}; }
+
+void WattsFitTheFuse(C& lamp, const C::ReadContext& in) { lamp.watts = std::min(lamp.watts.value, in.fuse); }
 
 constexpr std::array kRows = {
     Bool<&C::isOn>(u"Is On", true, u"Whether it shines.", Formerly{u"On"}),
@@ -43,9 +54,14 @@ constexpr std::array kRows = {
     Int<&C::service>(u"Service", 2, u"Set by hand.", NeverSaved),
     Encoded<&C::code>(u"Code", u"Opens it."),
     Encrypted<&C::owner>(u"Owner", u"nobody", u"Whose it is."),
+    TriState<&C::dims>(u"Dims", VTriState::Undetermined, u"Whether it can be dimmed."),
+    String<&C::shade>(u"Shade", By<UsualShade>(u"white when on"), u"Colour of the shade."),
+    Font<&C::label>(u"Label", By<UsualLabel>(u"the usual size, the shade as face"), u"Of its label."),
+    Int<&C::watts>(u"Watts", 60, u"What it takes.", DefaultFrom{u"Watt"}),
+    LoadRule<WattsFitTheFuse>(u"The fuse holds."),
 };
 static_assert(NamesAreUnique(kRows));
-static_assert(CountInTable(kRows) == 8);
+static_assert(CountInTable(kRows) == 12);
 
 constexpr std::array kTakesOldName = {
     Bool<&C::isOn>(u"Is On", true, u"", Formerly{u"brightness"}),
@@ -72,7 +88,7 @@ protected:
     Lamp& Load(std::vector<StoreEntry> entries, bool isOrvane = false, int usual = 6)
     {
         factory.Fill(entries);
-        schema.Load(lamp, Lamp::ReadContext{{&key, isOrvane}, usual});
+        schema.Load(lamp, Lamp::ReadContext{{&key, isOrvane}, usual, 100});
         return lamp;
     }
 
@@ -89,6 +105,45 @@ TEST_F(Schema, DefaultsMayLookAtEarlierValues)
     EXPECT_EQ(Load({{u"Lamp", u"Is On", 0u}}).ceiling, 6);
     EXPECT_EQ(Load({}, false, 0).ceiling, 3) << "a computed default meets its bound as well";
     EXPECT_EQ(lamp.ceiling.saved, 0);
+}
+
+TEST_F(Schema, TextsAndFontsMayHaveSuchDefaultsToo)
+{
+    Load({{u"Lamp", u"Is On", 0u}}, false, 9);
+    EXPECT_EQ(lamp.shade, u"none");
+    EXPECT_TRUE(lamp.shade.dirty && !lamp.shade.IsModified());
+    EXPECT_EQ(lamp.label.Value(), VLogFont(9, u"none"));
+    EXPECT_EQ(lamp.label.saved, VLogFont(9, u"none"));
+    EXPECT_EQ(lamp.dims, VTriState::Undetermined);
+    Load({{u"Lamp", u"Shade", VUnicodeString(u"red")}, {u"Lamp", u"Dims", 1u}});
+    EXPECT_EQ(lamp.shade, u"red");
+    EXPECT_EQ(lamp.label.GetFace(), u"red");
+    EXPECT_EQ(lamp.dims, VTriState::True);
+}
+
+TEST_F(Schema, AnOldNameIsADefaultOrAChange)
+{
+    Load({{u"Lamp", u"On", 0u}, {u"Lamp", u"Watt", 40u}});
+    EXPECT_TRUE(lamp.isOn.IsModified() && lamp.isOn.dirty);
+    EXPECT_EQ(lamp.watts, 40);
+    EXPECT_FALSE(lamp.watts.IsModified());
+    EXPECT_TRUE(lamp.watts.dirty) << "the next save writes the new name";
+    Load({{u"Lamp", u"Watts", 50u}});
+    EXPECT_EQ(lamp.watts, 50);
+    EXPECT_FALSE(lamp.watts.dirty);
+}
+
+TEST_F(Schema, ARuleOfTheReadingLeavesAMergeAlone)
+{
+    Load({{u"Lamp", u"Watts", 500u}});
+    EXPECT_EQ(lamp.watts, 100);
+    EXPECT_EQ(lamp.watts.saved, 500);
+    MemoryStoreFactory other;
+    other.Fill({{u"Other", u"Watts", 300u}});
+    const VProfileStore otherStore(&other);
+    const VProfileKey otherKey(otherStore.GetRootKey(), u"Other");
+    schema.Merge(lamp, &otherKey);
+    EXPECT_EQ(lamp.watts, 300) << "a merge has no fuse to look at";
 }
 
 TEST_F(Schema, ARuleSeesCorrectedValuesAndChangesCurrentOnesAlone)
@@ -139,7 +194,7 @@ TEST_F(Schema, NamesDependOnTheApplicationAndAreShared)
     Load({}, true);
     EXPECT_EQ(lamp.place.name, u"Place OVN");
     Lamp another;
-    schema.Load(another, Lamp::ReadContext{{nullptr, true}, 0});
+    schema.Load(another, Lamp::ReadContext{{nullptr, true}, 0, 0});
     EXPECT_TRUE(another.place.name.SharesBufferWith(lamp.place.name)) << "a name is held once for all objects";
 }
 
@@ -150,7 +205,8 @@ TEST_F(Schema, TheTableLeavesOutRulesAndWhatIsNeverSaved)
     for (int i = 0; VProfileData* const member = schema.GetMember(lamp, i); ++i)
         table.push_back(member);
     EXPECT_THAT(table, testing::ElementsAre(&lamp.isOn, &lamp.brightness, &lamp.ceiling, &lamp.colour, &lamp.place,
-                                            &lamp.rooms, &lamp.code, &lamp.owner));
+                                            &lamp.rooms, &lamp.code, &lamp.owner, &lamp.dims, &lamp.shade, &lamp.label,
+                                            &lamp.watts));
     EXPECT_EQ(schema.GetMember(lamp, -1), nullptr);
     EXPECT_EQ(schema.View().GetCount(), kRows.size());
     EXPECT_TRUE(schema.View()[3].IsRule());

@@ -84,7 +84,7 @@ TEST(ToolList, AnEmptyFolderShowsEveryValueWithItsDefault)
             EXPECT_EQ(list[i]["state"], expected[i].hasDefault || isSchemes ? "pending" : "clean");
             if (isSchemes)
                 EXPECT_EQ(list[i]["value"].size(), 8u);
-            else if (expected[i].computed == Computed::Not || expected[i].computed == Computed::ByOthers)
+            else if (expected[i].computed == Computed::Not || expected[i].computed == Computed::FromOtherValues)
                 ExpectDefault(list[i], expected[i]);
             else if (expected[i].computed == Computed::Clock)
                 EXPECT_NEAR(list[i]["value"].get<double>(), static_cast<double>(std::time(nullptr)), 60);

@@ -29,9 +29,13 @@ std::span<const Topic> Topics()
         Topic{"serial_config", SerialConfigKinds()},
         Topic{"remote_host", RemoteHostKinds()},
         Topic{"synchronize", SynchronizeKinds()},
+        Topic{"terminal_config", TerminalConfigKinds()},
         Topic{"paths", PathsKinds()},
         Topic{"path_tokens", PathTokensKinds()},
         Topic{"time_zone", TimeZoneKinds()},
+        Topic{"keymap_tables", KeymapTablesKinds()},
+        Topic{"key_file", KeyFileKinds()},
+        Topic{"keymap_block", KeymapBlockKinds()},
     };
     return topics;
 }

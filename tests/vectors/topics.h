@@ -48,5 +48,9 @@ std::span<const Kind> ColorSchemeKinds();
 std::span<const Kind> SerialConfigKinds();
 std::span<const Kind> RemoteHostKinds();
 std::span<const Kind> SynchronizeKinds();
+std::span<const Kind> KeymapTablesKinds();
+std::span<const Kind> KeyFileKinds();
+std::span<const Kind> KeymapBlockKinds();
+std::span<const Kind> TerminalConfigKinds();
 
 } // namespace ostrand::vectors

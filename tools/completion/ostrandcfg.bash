@@ -13,7 +13,7 @@ _ostrandcfg() {
     --app) mapfile -t COMPREPLY < <(compgen -W 'tessaly orvane quillo' -- "$cur"); return ;;
     esac
     case $command in
-    '') words='firewall filter scheme global schema store history path sync secret timezone explain' ;;
+    '') words='firewall filter scheme global schema store history path keymap sync secret timezone explain' ;;
     firewall) words='list show set new rename delete' ;;
     filter) words='list show set new rename delete' ;;
     scheme) words='list show set new rename delete import' ;;
@@ -22,6 +22,7 @@ _ostrandcfg() {
     store) words='dump check' ;;
     history) words='list show diff restore' ;;
     path) words='join split expand check executable' ;;
+    keymap) words='list check convert diff explain' ;;
     sync) words='show' ;;
     secret) words='encode decode' ;;
     timezone) words='list bias' ;;
@@ -63,6 +64,11 @@ _ostrandcfg() {
     'path expand') words='--help --host --session' ;;
     'path check') words='--help' ;;
     'path executable') words='--help' ;;
+    'keymap list') words='--help --default --session' ;;
+    'keymap check') words='--help' ;;
+    'keymap convert') words='--help --unicode --force' ;;
+    'keymap diff') words='--help' ;;
+    'keymap explain') words='--help --session' ;;
     'sync show') words='--help' ;;
     'secret encode') words='--help --form --mode --name --text' ;;
     'secret decode') words='--help --form --mode --name --stored' ;;

@@ -59,10 +59,7 @@ bool SynchronizeProfile::Load(const VProfileKey* key, const VUnicodeString& prof
         lastSyncTime.Load(key, VFileTime());
         if (lastSyncTime.ticks == 0)
             ReadFormerTime(*key);
-        tasks.RemoveAll();
-        SynchronizeTask task;
-        for (int number = 0; task.Read(*key, number); ++number)
-            tasks.Append(std::move(task));
+        ReadTasks(*key);
         filter.Load(key, VUnicodeString());
     }
     TakeSnapshot();
@@ -128,6 +125,17 @@ void SynchronizeProfile::TakeSnapshot()
     if (!m_snapshot)
         m_snapshot = std::make_unique<SynchronizeProfile>();
     m_snapshot->CopyFields(*this);
+}
+
+void SynchronizeProfile::ReadTasks(const VProfileKey& key)
+{
+    tasks.RemoveAll();
+    for (int number = 0;; ++number) {
+        SynchronizeTask task;
+        if (!task.Read(key, number))
+            return;
+        tasks.Append(std::move(task));
+    }
 }
 
 void SynchronizeProfile::ReadFormerTime(const VProfileKey& key)

@@ -52,6 +52,7 @@ public:
 private:
     void CopyFields(const SynchronizeProfile& other);
     void TakeSnapshot();
+    void ReadTasks(const VProfileKey& key);
     void ReadFormerTime(const VProfileKey& key);
 
     std::unique_ptr<SynchronizeProfile> m_snapshot; // has none itself

@@ -18,6 +18,15 @@ namespace {
 
 constexpr int kCopies = 64; // files taking turns, so that nothing answers from a parsed copy
 
+VProfileStoreFactory* g_default = nullptr;
+
+/// The record's parts with keys of their own come from the default store.
+void MakeDefault(VProfileStoreFactory& factory)
+{
+    g_default = &factory;
+    SetProfileStoreFactoryGetter([] { return g_default; });
+}
+
 /// A folder of stores, each with a complete global record.
 struct Stores {
     std::vector<std::string> files;
@@ -34,6 +43,7 @@ struct Stores {
     Stores() : factory(Folder())
     {
         std::filesystem::create_directories(Folder());
+        MakeDefault(factory);
         for (int i = 0; i < kCopies; ++i) {
             const std::string name = "Global" + std::to_string(i);
             files.push_back(Folder() + "/" + name + ".ini");
@@ -50,6 +60,7 @@ struct Stores {
 Stores& TheStores()
 {
     static Stores stores;
+    MakeDefault(stores.factory);
     return stores;
 }
 
@@ -97,6 +108,7 @@ void LoadGlobalRecordAnew(benchmark::State& state)
     size_t turn = 0;
     for (auto _ : state) {
         FileStoreFactory fresh(Stores::Folder());
+        MakeDefault(fresh);
         VProfileStore store(true, &fresh);
         const VProfileKey key(store.GetRootKey(), stores.names[turn++ % kCopies].c_str());
         GlobalConfig* const config = new GlobalConfig(&key, false);

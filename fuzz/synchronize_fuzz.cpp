@@ -116,10 +116,11 @@ void Save(SynchronizeProfile& profile, MemoryStoreFactory& factory)
     profile.Save(store.GetRootKey(), true);
 }
 
-/// What is stored reads as these.
+/// What is stored reads as these, in the same zone: a former time is looked at again where it gave no time before.
 void RequireStored(MemoryStoreFactory& factory, const SynchronizeProfile& expected)
 {
     SynchronizeProfile read;
+    read.timeZone = std::make_unique<VTimeZoneInformation>(*expected.timeZone);
     Require(Load(read, factory) == (read.tasks.GetCount() > 0) && !read.IsModified());
     Require(read.tasks == expected.tasks && read.filter.Value() == expected.filter.Value());
     Require(read.lastSyncTime.ticks == expected.lastSyncTime.ticks);

@@ -5,6 +5,7 @@
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace ostrand {
 
@@ -159,12 +160,16 @@ void ProfileColorSchemeList::Save(VProfileKey*, bool force)
 /// Names of stored values that are no scheme of the list.
 VStringArray ProfileColorSchemeList::Surplus(const VProfileKey& key) const
 {
+    const auto hash = [](std::u16string_view text) { return static_cast<size_t>(HashNoCase(text)); };
+    std::unordered_set<std::u16string_view, decltype(hash), decltype(&EqualNoCase)> own(GetCount(), hash, EqualNoCase);
+    for (const auto& scheme : m_schemes)
+        own.insert(scheme->name);
     VStringArray names;
     VProfileKeyIterator values(&key, true);
     VUnicodeString schemeName;
     int type = 0;
     while (values.NextValue(schemeName, &type))
-        if (!Exists(schemeName))
+        if (!own.contains(schemeName))
             names.Append(schemeName);
     return names;
 }

@@ -2,11 +2,15 @@
 #include "config/global/color_scheme_list.h"
 #include "config/global/global_store.h"
 #include "platform/error_codes.h"
+#include "stores/file_store.h"
 #include "tests/support/default_store.h"
 #include "tests/support/fake_platform.h"
+#include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace ostrand::test {
 namespace {
@@ -115,6 +119,32 @@ TEST_F(ColorSchemes, ASaveWritesWhatIsDueAndDeletesWhatTheListLacks)
     store.factory.FailFlush(kErrorDiskFull);
     list.Save(nullptr, true);
     EXPECT_EQ(list.GetSaveReport().GetCode(), kErrorDiskFull);
+}
+
+TEST(ColorSchemesOnDisk, AListThatCouldNotBeReadIsNotSavedOverWhatIsThere)
+{
+    const TempFolder folder;
+    folder.Write("Color Schemes.ini/a file where the store has none.txt", "");
+    static FileStoreFactory* factory;
+    FileStoreFactory files(folder.Path());
+    factory = &files;
+    SetProfileStoreFactoryGetter([]() -> VProfileStoreFactory* { return factory; });
+    {
+        const VProfileStore open(true);
+        ProfileColorSchemeList list;
+        list.LoadPart(open.GetRootKey());
+        EXPECT_EQ(list.GetCount(), 8u);
+        std::filesystem::remove_all(folder.Path("Color Schemes.ini"));
+        folder.Write("Color Schemes.ini", "Mine = hex:00\n");
+        list.Save(nullptr, true);
+        EXPECT_NE(list.GetSaveReport().GetCode(), 0u);
+        EXPECT_EQ(folder.Read("Color Schemes.ini"), "Mine = hex:00\n");
+        list.Clear();
+        list.LoadPart(open.GetRootKey());
+        list.Save(nullptr, false);
+        EXPECT_EQ(list.GetSaveReport().GetCode(), 0u);
+    }
+    SetProfileStoreFactoryGetter(nullptr);
 }
 
 TEST_F(ColorSchemes, ChangesAreSeenByPlaceAgainstASnapshot)

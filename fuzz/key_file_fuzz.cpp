@@ -1,23 +1,15 @@
 // Key map files. First byte: how short the reads are and how the map is written; the rest is the file. What was read is
 // written and read again as the same, as far as the encoding holds it.
+#include "fuzz/one_file.h"
 #include "keymap/keymap_file.h"
 #include "platform/error_codes.h"
-#include "tests/support/memory_files.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 using namespace ostrand;
+using fuzz::Check;
 
 namespace {
-
-constexpr const char16_t* kPath = u"/file";
-
-void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// Whether the encoding, and what a file makes of it, give back the strings of all bindings with a code.
 bool IsHeld(const KeyBindings& bindings, VTextEncoding encoding)
@@ -50,11 +42,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     if (size == 0)
         return 0;
-    const VPlatformScope scope;
-    test::MemoryFiles files;
-    Platform().files = &files;
-    files.contents["/file"].assign(reinterpret_cast<const char*>(data) + 1, size - 1);
-    files.mostPerRead = 1 + data[0] % 61;
+    fuzz::OneFile input(data, size);
+    constexpr auto kPath = fuzz::OneFile::kPath;
+    input.files.mostPerRead = 1 + input.choice % 61;
 
     Keymap keymap;
     VReportMessageParams status;
@@ -71,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     if (isWhole)
         Check(isLoaded == (reader.Errors().size() < kKeymapErrorLimit));
 
-    const auto encoding = static_cast<VTextEncoding>(1 + data[0] % 4);
+    const auto encoding = static_cast<VTextEncoding>(1 + input.choice % 4);
     Check(WriteKeymapFile(whole.OwnBindings(), kPath, encoding) == kErrorSuccess);
     Keymap back;
     KeymapFileReader again(back, kKeymapCheckErrorLimit);

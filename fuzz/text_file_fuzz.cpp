@@ -1,27 +1,21 @@
 // Text files of any encoding. First byte: how short the reads are and how long a line may be; the rest is the file.
 #include "core/text_file.h"
+#include "fuzz/one_file.h"
 #include "platform/error_codes.h"
-#include "tests/support/memory_files.h"
 
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 using namespace ostrand;
+using fuzz::Check;
 
 namespace {
 
 using Lines = std::vector<std::u16string>;
 
-void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
 Lines ReadLines(VTextFile& file, size_t maximum = VUnicodeString::npos)
 {
-    Check(file.Open(u"/file", VFileAccess::Read, VFileDisposition::OpenExisting) == kErrorSuccess);
+    Check(file.Open(fuzz::OneFile::kPath, VFileAccess::Read, VFileDisposition::OpenExisting) == kErrorSuccess);
     Lines lines;
     VUnicodeString line;
     do {
@@ -49,23 +43,20 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     if (size == 0)
         return 0;
-    const VPlatformScope scope;
-    test::MemoryFiles files;
-    Platform().files = &files;
-    files.contents["/file"].assign(reinterpret_cast<const char*>(data) + 1, size - 1);
+    fuzz::OneFile input(data, size);
 
     VTextFile file;
     const Lines lines = ReadLines(file);
     const VTextEncoding encoding = file.encoding;
-    files.mostPerRead = 1 + data[0] % 16;
+    input.files.mostPerRead = 1 + input.choice % 16;
     Check(ReadLines(file) == lines);
-    ReadLines(file, 1 + data[0] % 100);
+    ReadLines(file, 1 + input.choice % 100);
 
     // What was read can be written and read again; UTF-8 has no half pairs.
     if (encoding == VTextEncoding::Utf8 && HasSurrogate(lines))
         return 0;
-    file.lineEnd = static_cast<VLineEnd>(data[0] % 4);
-    Check(file.Open(u"/file", VFileAccess::Write, VFileDisposition::CreateAlways) == kErrorSuccess);
+    file.lineEnd = static_cast<VLineEnd>(input.choice % 4);
+    Check(file.Open(fuzz::OneFile::kPath, VFileAccess::Write, VFileDisposition::CreateAlways) == kErrorSuccess);
     for (const std::u16string& line : lines)
         Check(file.WriteLine(line) == kErrorSuccess);
     Check(ReadLines(file) == lines && file.encoding == encoding);

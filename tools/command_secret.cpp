@@ -28,8 +28,9 @@ void Prepare(VProfileBlowfishString& value, const Request& request) { value.SetC
 
 void Prepare(VProfileCapiString& value, const Request& request)
 {
-    VUnicodeString name;
-    FromUtf8(request.name, name);
+    VUnicodeString name = u"Firewall Password"; // the one value that is read in this form
+    if (!request.name.empty())
+        FromUtf8(request.name, name);
     value.SetName(name);
 }
 

@@ -163,7 +163,6 @@ void AddSecretForm(CLI::App& app, Request& request, const char* textOption)
     app.add_option("--mode", request.mode, "Mode of the cipher: 0 (default), 1 or 2; for blowfish")
         ->check(CLI::IsMember({0, 1, 2}))
         ->option_text("MODE");
-    request.name = "Firewall Password";
     AddWord(app, "--name", request.name, "Name of the value, which is protected along; without it Firewall Password",
             false);
     app.get_option("--name")->option_text("NAME");

@@ -84,6 +84,9 @@ public:
     /// can be overwritten without a reader noticing. kErrorSharingViolation if somebody has it open, kErrorNotSupported
     /// where the system can't tell or the thing is no plain file with one name.
     virtual unsigned OpenAlone(const std::string& path, std::unique_ptr<IFile>& file, VFileInfo& info) = 0;
+    /// A new file, to be written and read, that is gone when it closes or the process ends. `path` is the name that it
+    /// has for a moment where the medium knows no files without one; what lies there is taken away.
+    virtual unsigned OpenNameless(const std::string& path, std::unique_ptr<IFile>& file) = 0;
     /// Open, stat, read and close in one: the whole file into `data`. Contents and info belong together, and are what
     /// stood under this path at some time of the call, though files may exchange their names meanwhile.
     /// kErrorInvalidParameter for a folder or another thing that isn't a file, kErrorMoreData above `limit` bytes.

@@ -14,6 +14,9 @@ namespace ostrand {
 
 namespace {
 
+/// Keys that are saved again and again are fewer; one that was forgotten costs a read.
+constexpr size_t kMostMemos = 4096;
+
 /// 0 stays, for a time that isn't known.
 uint64_t FileTimeOf(int64_t nanoseconds) { return nanoseconds == 0 ? 0 : TimeOfFile(nanoseconds).ticks; }
 
@@ -43,6 +46,8 @@ unsigned FileKeeper::Record(const std::string& folder, std::string_view before, 
                             const std::vector<std::u16string>& conflicts, int64_t edited)
 {
     FileHistory& history = History();
+    if (m_memos.size() >= kMostMemos)
+        m_memos.clear();
     return history.Append(KeyOf(folder), before, after, {m_program, conflicts, false, FileTimeOf(edited)},
                           m_memos[folder]);
 }

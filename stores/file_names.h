@@ -15,6 +15,7 @@ inline constexpr std::string_view kRootValuesFile = "%root.ini";
 inline constexpr std::string_view kLockFile = "%lock";
 inline constexpr std::string_view kTemporaryPrefix = "%tmp-";
 inline constexpr std::string_view kJournalFile = "%journal";
+inline constexpr std::string_view kSpillFile = "%spill";
 
 /// Bytes of the longest file name that common file systems take, the suffix included.
 inline constexpr size_t kLongestFileName = 255;

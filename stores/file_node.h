@@ -86,13 +86,30 @@ public:
     /// Keeps what is queued now, for a roll-back.
     void BeginTransaction() { m_queueBefore = m_queue.Copy(); }
     bool IsInTransaction() const { return m_queueBefore.has_value(); }
-    void EndTransaction() { m_queueBefore.reset(); }
+    void EndTransaction()
+    {
+        m_queueBefore.reset();
+        restingBytes = 0;
+        spillRecord = kNoRecord;
+    }
     void RollBack() { m_queue = std::move(*m_queueBefore); }
+    /// Whether something waited already when the transaction began.
+    bool HasWaitedBefore() const { return !m_queueBefore->IsEmpty(); }
+    /// In a node that has nothing yet.
+    void TakeWaiting(WriteQueue queue, std::vector<ValueBases::Base> bases)
+    {
+        m_queue = std::move(queue);
+        m_bases.TakePlain(std::move(bases));
+    }
 
     int handles = 0;
     /// Times that the node waits in its tree's list of closed ones, and the bytes that it counts with there.
     int closings = 0;
     size_t closedBytes = 0;
+    static constexpr size_t kNoRecord = static_cast<size_t>(-1);
+    /// What the node counts with in its transaction, and its place there if it was on the disk.
+    size_t restingBytes = 0;
+    size_t spillRecord = kNoRecord;
 
 private:
     static unsigned CodeOf(ReadOutcome outcome)

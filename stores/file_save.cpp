@@ -57,16 +57,29 @@ std::vector<ValueEdit> FileSave::Merge()
     return edits;
 }
 
-unsigned FileSave::Write()
+template <class Once>
+unsigned FileSave::Insist(Once once)
 {
     constexpr int kTries = 8;
-    unsigned code = WriteOnce();
+    unsigned code = once();
     for (int i = 1; code == kErrorSharingViolation && i < kTries; ++i) {
         code = Prepare();
         if (code == kErrorSuccess)
-            code = WriteOnce();
+            code = SetAside();
+        if (code == kErrorSuccess)
+            code = once();
     }
     return code;
+}
+
+unsigned FileSave::Write()
+{
+    return Insist([this] { return WriteOnce(); });
+}
+
+unsigned FileSave::WriteUnsynced()
+{
+    return Insist([this] { return m_tools.replacer.ReplaceUnsynced(m_file, m_text); });
 }
 
 unsigned FileSave::WriteOnce()
@@ -81,8 +94,6 @@ unsigned FileSave::WriteOnce()
     // Also for a file that needs no writing: an earlier save may have got as far as this.
     return code == kErrorSuccess ? m_tools.replacer.SyncNames(FolderOf(m_file.path)) : code;
 }
-
-unsigned FileSave::WriteUnsynced() { return m_tools.replacer.ReplaceUnsynced(m_file, m_text); }
 
 unsigned FileSave::SetAside()
 {

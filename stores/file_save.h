@@ -42,7 +42,7 @@ public:
     /// Writes where that is needed, down to the disk. Merges anew where somebody without the lock, such as an editor,
     /// changed the file in between.
     unsigned Write();
-    /// Writes, but leaves the syncs to the caller. kErrorSharingViolation where somebody changed the file in between.
+    /// Writes in any case, and leaves the syncs and a first copy of what is damaged to the caller.
     unsigned WriteUnsynced();
     /// Puts what was there before the write back, as unsynced as that.
     unsigned Undo();
@@ -57,6 +57,8 @@ public:
     const std::vector<std::u16string>& Conflicts() const { return m_conflicts; }
 
 private:
+    template <class Once>
+    unsigned Insist(Once once);
     unsigned ReadTheirs();
     unsigned WriteOnce();
     const FileDocument& Theirs() const { return m_isUnchanged ? m_node.Document() : m_theirs; }

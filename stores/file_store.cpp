@@ -198,7 +198,10 @@ public:
 
 } // namespace
 
-FileStoreFactory::FileStoreFactory(const std::string& rootFolder) : m_tree(std::make_shared<FileTree>(rootFolder)) {}
+FileStoreFactory::FileStoreFactory(const std::string& rootFolder, size_t transactionBytes)
+    : m_tree(std::make_shared<FileTree>(rootFolder, transactionBytes))
+{
+}
 
 FileStoreFactory::~FileStoreFactory() = default;
 

@@ -29,8 +29,11 @@ class FileTree;
 /// mutex guards what they share, and is held during a save. Files are reached through Platform().files.
 class OSTRAND_API FileStoreFactory : public VProfileStoreFactory {
 public:
-    /// UTF-8, in the platform's spelling. The folder is made by the first write.
-    explicit FileStoreFactory(const std::string& rootFolder);
+    static constexpr size_t kTransactionBytes = size_t{4} << 20;
+
+    /// `rootFolder`: UTF-8, in the platform's spelling; made by the first write. `transactionBytes`: what a transaction
+    /// may take of the memory, roughly, besides what the application has open; the rest waits on the disk.
+    explicit FileStoreFactory(const std::string& rootFolder, size_t transactionBytes = kTransactionBytes);
     ~FileStoreFactory() override;
     VProfilePrivateStore* CreateStore() override;
 

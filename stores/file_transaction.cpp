@@ -1,128 +1,18 @@
 #include "stores/file_transaction.h"
 
+#include "core/fold.h"
 #include "platform/error_codes.h"
-#include "stores/file_journal.h"
-#include "stores/file_names.h"
-#include "stores/store_lock.h"
-
-#include <algorithm>
+#include "stores/key_files.h"
 
 namespace ostrand {
 
 namespace {
 
-using Saves = std::vector<std::unique_ptr<FileSave>>;
-
-/// Of the key's folder, below the store's.
-std::string_view PathBelow(const std::string& root, const FileNode& node)
-{
-    const std::string_view folder = node.Folder();
-    return folder.size() > root.size() ? folder.substr(root.size() + 1) : std::string_view();
-}
-
-std::string ValuesFileOf(const std::string& root, const std::string& path)
-{
-    return root + '/' + (path.empty() ? std::string(kRootValuesFile) : path + std::string(kValuesSuffix));
-}
-
-/// Adds to `linked` the file, if links led to it: it may lie on another medium.
-unsigned PutInPlace(SaveTools& tools, const JournalEntry& entry, std::vector<std::string>& linked)
-{
-    ReplacedFile file;
-    const std::string values = ValuesFileOf(tools.root, entry.path);
-    file.path = Files().ResolveLinks(values);
-    if (file.path != values)
-        linked.push_back(file.path);
-    std::string there;
-    const unsigned code = Files().ReadWhole(file.path, FileDocument::kLimit, there, file.info);
-    file.exists = code == kErrorSuccess;
-    if (!file.exists && !IsMissing(code))
-        return code;
-    return file.exists && there == entry.text ? kErrorSuccess : tools.replacer.ReplaceUnsynced(file, entry.text);
-}
-
-unsigned SyncMedia(SaveTools& tools, const std::vector<std::string>& linked)
-{
-    unsigned code = Files().SyncMedium(tools.root);
-    for (const std::string& file : linked)
-        if (code == kErrorSuccess)
-            code = Files().SyncMedium(file);
-    if (code == kErrorSuccess)
-        tools.replacer.NoteSynced();
-    return code;
-}
-
-std::vector<std::string> LinkedFiles(const Saves& saves)
-{
-    std::vector<std::string> linked;
-    for (const auto& save : saves)
-        if (save->File().path != save->Node().File())
-            linked.push_back(save->File().path);
-    return linked;
-}
-
-/// After a failure behind the journal: the files as they were, and no journal. Where that fails, too, the journal
-/// stays, and the transaction will be finished later.
-void TakeBack(SaveTools& tools, const Saves& saves, size_t written)
-{
-    for (size_t i = 0; i < written; ++i)
-        if (saves[i]->Undo() != kErrorSuccess)
-            return;
-    if (SyncMedia(tools, LinkedFiles(saves)) == kErrorSuccess)
-        RemoveJournal(tools.root);
-}
-
-/// `leftJournal`: no file was touched, but the medium wouldn't take the journal away again.
-unsigned WriteAll(SaveTools& tools, const Saves& saves, bool& leftJournal)
-{
-    std::vector<JournalItem> items;
-    items.reserve(saves.size());
-    for (const auto& save : saves)
-        items.push_back({PathBelow(tools.root, save->Node()), save->Text()});
-    unsigned code = tools.replacer.SyncAllNames();
-    // Before the journal: whoever finishes that has only the new texts.
-    for (const auto& save : saves)
-        if (code == kErrorSuccess)
-            code = save->SetAside();
-    if (code == kErrorSuccess)
-        code = WriteJournal(tools.root, items);
-    VFileInfo journal;
-    leftJournal = code != kErrorSuccess && !IsMissing(Files().GetInfo(JournalPath(tools.root), journal));
-    if (code != kErrorSuccess)
-        return code;
-    size_t written = 0; // a save that fails has changed nothing
-    while (code == kErrorSuccess && written < saves.size()) {
-        code = saves[written]->WriteUnsynced();
-        written += code == kErrorSuccess ? 1 : 0;
-    }
-    if (code == kErrorSuccess)
-        code = SyncMedia(tools, LinkedFiles(saves));
-    if (code != kErrorSuccess)
-        TakeBack(tools, saves, written);
-    else
-        RemoveJournal(tools.root); // one that stays does no harm: the next save takes it away
-    return code;
-}
+/// What a commit holds of a closed key's file in memory: the old text and the new one, and what goes with them.
+constexpr size_t kTexts = 2;
+constexpr size_t kOverhead = 1024;
 
 } // namespace
-
-unsigned FinishJournal(SaveTools& tools)
-{
-    std::vector<JournalEntry> entries;
-    unsigned code = ReadJournal(tools.root, entries);
-    if (code != kErrorSuccess)
-        return code == kErrorFileNotFound ? kErrorSuccess : code;
-    code = entries.empty() ? kErrorSuccess : SyncJournal(tools.root);
-    if (code == kErrorSuccess)
-        code = tools.replacer.SyncAllNames();
-    std::vector<std::string> linked;
-    for (const JournalEntry& entry : entries)
-        if (code == kErrorSuccess)
-            code = PutInPlace(tools, entry, linked);
-    if (code == kErrorSuccess && !entries.empty())
-        code = SyncMedia(tools, linked);
-    return code == kErrorSuccess ? RemoveJournal(tools.root) : code;
-}
 
 FileTransaction::~FileTransaction() { RollBack(); }
 
@@ -134,40 +24,83 @@ void FileTransaction::Join(FileNode& node)
     m_members.push_back(&node);
 }
 
+std::u16string FileTransaction::PathOf(std::string_view folder) const
+{
+    return PathOfKey(folder.substr(m_root.size()).substr(1));
+}
+
+size_t FileTransaction::FindNew(std::string_view folder) const
+{
+    if (m_newKeys.empty() || folder.size() <= m_root.size())
+        return NameIndex::kNone;
+    const std::u16string path = PathOf(folder);
+    return m_newIndex.Find(HashName(path), [&](size_t i) { return EqualNoCase(PathOf(m_newKeys[i]), path); });
+}
+
+const std::string* FileTransaction::FindNewKey(std::string_view folder) const
+{
+    const size_t found = FindNew(folder);
+    return found == NameIndex::kNone ? nullptr : &m_newKeys[found];
+}
+
 void FileTransaction::AddKey(FileNode& node)
 {
     Join(node);
-    m_newKeys.push_back(&node);
-}
-
-unsigned FileTransaction::Prepare(SaveTools& tools, Saves& saves)
-{
-    saves.clear();
-    for (FileNode* const node : m_members) {
-        saves.push_back(std::make_unique<FileSave>(tools, *node));
-        if (const unsigned code = saves.back()->Prepare(); code != kErrorSuccess)
-            return code;
+    const auto isNew = [](size_t) { return false; };
+    m_newKeys.push_back(node.Folder());
+    size_t first = m_newKeys.size() - 1;
+    if (m_newKeys.size() > m_newIndex.Room()) {
+        m_newIndex.Reset(m_newKeys.size() * 2);
+        first = 0;
     }
-    return kErrorSuccess;
+    for (; first < m_newKeys.size(); ++first)
+        m_newIndex.Put(HashName(PathOf(m_newKeys[first])), first, isNew);
 }
 
-unsigned FileTransaction::Commit(SaveTools& tools, Saves& saves)
+bool FileTransaction::CanSpill(const FileNode& node) const
 {
-    unsigned code = Prepare(tools, saves);
-    if (code != kErrorSuccess)
-        return code;
-    const auto unneeded = std::partition(saves.begin(), saves.end(), [](const auto& s) { return s->IsNeeded(); });
-    Saves rest(std::make_move_iterator(unneeded), std::make_move_iterator(saves.end()));
-    saves.erase(unneeded, saves.end());
-    if (saves.size() == 1)
-        code = saves[0]->Write();
-    else if (!saves.empty())
-        code = WriteAll(tools, saves, m_leftJournal);
-    if (code != kErrorSuccess)
-        return code;
-    saves.insert(saves.end(), std::make_move_iterator(rest.begin()), std::make_move_iterator(rest.end()));
-    Release();
-    return kErrorSuccess;
+    return node.handles == 0 && node.closings == 0 && !node.HasWaitedBefore() && node.Folder().size() > m_root.size();
+}
+
+void FileTransaction::Rest(FileNode& node, size_t bytes, std::vector<FileNode*>& gone)
+{
+    m_resting -= node.restingBytes;
+    node.restingBytes = kTexts * bytes + kOverhead;
+    m_resting += node.restingBytes;
+    if (m_resting <= m_spillAt)
+        return;
+    unsigned code = kErrorSuccess;
+    std::erase_if(m_members, [&](FileNode* member) {
+        if (code != kErrorSuccess || !CanSpill(*member))
+            return false;
+        code = m_spill.Put(*member);
+        if (code != kErrorSuccess)
+            return false;
+        m_resting -= member->restingBytes;
+        gone.push_back(member);
+        return true;
+    });
+    // What the disk doesn't take stays in memory.
+    m_spillAt = m_resting + m_budget;
+}
+
+unsigned FileTransaction::Resume(FileNode& node)
+{
+    bool isFound = false;
+    const unsigned code = m_spill.IsEmpty() ? kErrorSuccess : m_spill.Take(node, isFound);
+    if (code == kErrorSuccess && isFound)
+        m_members.push_back(&node);
+    return code;
+}
+
+unsigned FileTransaction::Commit(SaveTools& tools, const SaveDone& done)
+{
+    FileCommit commit(tools, m_spill, done);
+    const unsigned code = commit.Run(m_members);
+    m_leftJournal = commit.HasLeftJournal();
+    if (code == kErrorSuccess)
+        Release();
+    return code;
 }
 
 void FileTransaction::Release()
@@ -176,14 +109,17 @@ void FileTransaction::Release()
         node->EndTransaction();
     m_members.clear();
     m_newKeys.clear();
+    m_newIndex.Reset(0);
+    m_spill = TransactionSpill(m_root);
 }
 
 void FileTransaction::RollBack()
 {
-    for (FileNode* const node : m_members)
+    for (FileNode* const node : m_members) {
         node->RollBack();
-    for (FileNode* const node : m_newKeys)
-        node->Forget();
+        if (FindNew(node->Folder()) != NameIndex::kNone)
+            node->Forget();
+    }
     Release();
 }
 

@@ -1,6 +1,5 @@
 #include "stores/file_tree.h"
 
-#include "core/fold.h"
 #include "stores/damage_scan.h"
 #include "stores/file_damage.h"
 #include "stores/file_journal.h"
@@ -31,7 +30,10 @@ std::string WithoutFinalSlash(std::string path)
 
 } // namespace
 
-FileTree::FileTree(std::string root) : m_root(WithoutFinalSlash(std::move(root))), m_tools(m_root)
+FileTree::FileTree(std::string root, size_t transactionBytes)
+    : m_root(WithoutFinalSlash(std::move(root))),
+      m_transactionBytes(transactionBytes),
+      m_tools(m_root)
 {
     InstallStoreMessages();
 }
@@ -66,6 +68,16 @@ FileNode& FileTree::NodeOf(std::string_view folder)
     return *m_nodes.emplace(name, std::move(node)).first->second;
 }
 
+unsigned FileTree::ResumeNode(std::string_view folder, FileNode*& node)
+{
+    const bool isNew = m_transaction && !m_nodes.contains(folder);
+    node = &NodeOf(folder);
+    const unsigned code = isNew ? m_transaction->Resume(*node) : kErrorSuccess;
+    if (code != kErrorSuccess)
+        m_nodes.erase(folder);
+    return code;
+}
+
 std::string FileTree::ValuesFile(const std::string& folder) const
 {
     return folder == m_root ? Joined(folder, kRootValuesFile) : ValuesFileBeside(folder);
@@ -93,17 +105,19 @@ unsigned FileTree::OpenExact(const std::string& folder, FileNode*& node)
 {
     std::string text;
     VFileInfo info;
-    const unsigned code = Files().ReadWhole(ValuesFileBeside(folder), FileDocument::kLimit, text, info);
+    unsigned code = Files().ReadWhole(ValuesFileBeside(folder), FileDocument::kLimit, text, info);
+    FileNode* found = nullptr;
+    if (code == kErrorSuccess)
+        code = ResumeNode(folder, found);
     if (code != kErrorSuccess)
         return code;
-    FileNode& found = NodeOf(folder);
     if (m_news)
         m_news->Note(folder, text);
     // What the node has was looked at before, unless it has nothing yet.
-    if ((found.IsStale() || text != found.Document().Text()) && LooksDamaged(text))
+    if ((found->IsStale() || text != found->Document().Text()) && LooksDamaged(text))
         MakeGood(folder, text);
-    found.TakeText(std::move(text));
-    node = Acquire(found);
+    found->TakeText(std::move(text));
+    node = Acquire(*found);
     return kErrorSuccess;
 }
 
@@ -118,10 +132,8 @@ unsigned FileTree::Open(const FileNode& from, const char16_t* name, bool mayCrea
         return code;
     std::string folder;
     const bool isThere = Resolve(from.Folder(), target, folder);
-    if (FileNode* const found = isThere ? nullptr : FindNewKey(folder)) {
-        node = Acquire(*found);
-        return kErrorSuccess;
-    }
+    if (const std::string* const found = isThere ? nullptr : FindNewKey(folder))
+        return OpenBare(*found, node);
     if (!isThere && (!mayCreate || from.IsDeleted()))
         return kErrorFileNotFound;
     if (folder != target.exact)
@@ -174,20 +186,24 @@ unsigned FileTree::FindFolder(const char16_t* path, std::string& folder)
 
 unsigned FileTree::OpenBare(const std::string& folder, FileNode*& node)
 {
-    FileNode& found = NodeOf(folder);
+    FileNode* found = nullptr;
+    const unsigned code = ResumeNode(folder, found);
+    if (code != kErrorSuccess)
+        return code;
     if (m_news)
         m_news->Note(folder, {});
-    found.TakeText({});
-    node = Acquire(found);
+    found->TakeText({});
+    node = Acquire(*found);
     return kErrorSuccess;
 }
 
 unsigned FileTree::Create(const std::string& folder, FileNode*& node)
 {
     if (m_transaction) {
-        OpenBare(folder, node);
-        m_transaction->AddKey(*node);
-        return kErrorSuccess;
+        const unsigned code = OpenBare(folder, node);
+        if (code == kErrorSuccess)
+            m_transaction->AddKey(*node);
+        return code;
     }
     const auto create = [&] {
         std::unique_ptr<IFile> file;
@@ -240,9 +256,20 @@ void FileTree::TrimClosed()
 
 void FileTree::Release(FileNode& node)
 {
+    const size_t bytes = node.Document().Text().size();
     node.LetGo();
     if (node.IsIdle())
         m_nodes.erase(node.Folder());
+    else if (m_transaction && node.IsInTransaction())
+        Rest(node, bytes);
+}
+
+void FileTree::Rest(FileNode& node, size_t bytes)
+{
+    std::vector<FileNode*> gone;
+    m_transaction->Rest(node, bytes, gone);
+    for (const FileNode* const other : gone)
+        m_nodes.erase(other->Folder());
 }
 
 bool FileTree::KeyExists(const FileNode& from, const char16_t* name)
@@ -369,21 +396,15 @@ void FileTree::NoteNewKey(const std::string& folder)
         m_tools.keeper.RecordDeletion(folder, *old);
 }
 
-FileNode* FileTree::FindNewKey(const std::string& folder) const
+const std::string* FileTree::FindNewKey(std::string_view folder) const
 {
-    if (!m_transaction)
-        return nullptr;
-    const std::vector<FileNode*>& keys = m_transaction->NewKeys();
-    const auto same = [&](const FileNode* node) { return EqualNoCase(KeyPath(*node), KeyPath(folder)); };
-    const auto found = std::find_if(keys.begin(), keys.end(), same);
-    return found == keys.end() ? nullptr : *found;
+    return m_transaction ? m_transaction->FindNewKey(folder) : nullptr;
 }
 
 void FileTree::ListNewKeys(const FileNode& from, SnapshotIterator& out) const
 {
     std::u16string name;
-    for (const FileNode* const node : m_transaction->NewKeys()) {
-        std::string_view below = node->Folder();
+    for (std::string_view below : m_transaction->NewKeys()) {
         if (!below.starts_with(from.Folder() + '/'))
             continue;
         below.remove_prefix(from.Folder().size() + 1);
@@ -394,17 +415,8 @@ void FileTree::ListNewKeys(const FileNode& from, SnapshotIterator& out) const
 
 std::u16string FileTree::KeyPath(const std::string& folder) const
 {
-    std::u16string path;
-    std::u16string level;
-    std::string_view rest = std::string_view(folder).substr(m_root.size());
-    while (!rest.empty()) {
-        rest.remove_prefix(1);
-        const size_t bar = std::min(rest.find('/'), rest.size());
-        DecodeKeyName(rest.substr(0, bar), level);
-        path += (path.empty() ? u"" : u"\\") + level;
-        rest.remove_prefix(bar);
-    }
-    return path;
+    const std::string_view below = std::string_view(folder).substr(m_root.size());
+    return PathOfKey(below.substr(std::min<size_t>(1, below.size())));
 }
 
 } // namespace ostrand

@@ -17,11 +17,19 @@
 
 namespace ostrand {
 
+/// Conflicts of one save, or of a transaction, of which the first are told one by one.
+struct ConflictList {
+    static constexpr size_t kMost = 100;
+    std::vector<VReportMessageParams> told;
+    size_t more = 0;
+};
+
 /// Shared by the factory, its stores and all handles. Callers hold a `Guard`. Names of keys may go through several
 /// levels.
 class FileTree {
 public:
-    explicit FileTree(std::string root);
+    /// `transactionBytes`: see FileStoreFactory.
+    FileTree(std::string root, size_t transactionBytes);
     ~FileTree();
 
     /// Keeps other threads out. What is to be told to the router is told when it goes, behind the mutex: a router may
@@ -86,6 +94,8 @@ private:
     };
 
     FileNode& NodeOf(std::string_view folder);
+    /// The same with what the transaction keeps of it.
+    unsigned ResumeNode(std::string_view folder, FileNode*& node);
     unsigned OpenExact(const std::string& folder, FileNode*& node);
     /// A key without a file of values, or an empty one.
     unsigned OpenBare(const std::string& folder, FileNode*& node);
@@ -94,6 +104,7 @@ private:
     void TrimClosed();
     /// Of a node without handles; the node may be gone afterwards.
     void Release(FileNode& node);
+    void Rest(FileNode& node, size_t bytes);
     unsigned RemoveKey(const std::string& folder);
     /// Copies of the key's file from when it was damaged.
     void RemoveAsides(const std::string& folder);
@@ -103,22 +114,23 @@ private:
     void FinishLeftJournal();
     /// What still waits, when all handles are gone.
     void SaveLast();
-    unsigned Save(FileNode& node, std::vector<VReportMessageParams>& conflicts);
-    unsigned Run(FileSave& save, std::vector<VReportMessageParams>& conflicts);
+    unsigned Save(FileNode& node, ConflictList& conflicts);
+    unsigned Run(FileSave& save, ConflictList& conflicts);
     unsigned Rewrite(FileNode& node, const std::string* text, std::string& aside);
     void MakeGood(const std::string& folder, std::string& text);
-    void Finish(FileSave& save, std::vector<VReportMessageParams>& conflicts);
+    void Finish(FileSave& save, ConflictList& conflicts);
     void TellFailedCommit(unsigned code, IReportMessageParams& report) const;
     /// Once for each state of the file.
     void TellDamage(const std::string& folder, std::string_view damaged);
     /// Once: a history that can't be written stays away for long, as a rule.
     void TellHistory(unsigned code);
-    void TellConflicts(std::vector<VReportMessageParams>& conflicts, IReportMessageParams& report);
+    /// To the router, and the last one to the report, if any.
+    void TellConflicts(ConflictList& conflicts, IReportMessageParams* report);
     void BeginNews();
     bool TakeNews(const std::string& folder);
     std::string ValuesFile(const std::string& folder) const;
     void NoteNewKey(const std::string& folder);
-    FileNode* FindNewKey(const std::string& folder) const;
+    const std::string* FindNewKey(std::string_view folder) const;
     void ListNewKeys(const FileNode& from, SnapshotIterator& out) const;
     std::u16string KeyPath(const std::string& folder) const;
     std::u16string KeyPath(const FileNode& node) const { return KeyPath(node.Folder()); }
@@ -126,6 +138,7 @@ private:
     std::mutex m_mutex;
     std::vector<VReportMessageParams> m_messages; // for the router
     std::string m_root;
+    size_t m_transactionBytes;
     LayoutPool m_layouts;
     SaveTools m_tools;
     std::unique_ptr<FileTransaction> m_transaction;

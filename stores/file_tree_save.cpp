@@ -9,8 +9,10 @@ namespace ostrand {
 void FileTree::SaveLast()
 {
     for (const auto& [folder, node] : m_nodes) {
-        std::vector<VReportMessageParams> messages;
-        if (const unsigned code = Save(*node, messages); code != kErrorSuccess) {
+        ConflictList conflicts;
+        const unsigned code = Save(*node, conflicts);
+        std::vector<VReportMessageParams> messages = std::move(conflicts.told);
+        if (code != kErrorSuccess) {
             VReportMessageParams& lost = messages.emplace_back();
             VReportMessageParams reason(code, LibraryModule());
             Fail(lost, kChangesLost, KeyPath(*node), reason.GetTextOneLine());
@@ -43,7 +45,7 @@ void FileTree::FinishLeftJournal()
         Lock(kLockPatience, lock);
 }
 
-unsigned FileTree::Save(FileNode& node, std::vector<VReportMessageParams>& conflicts)
+unsigned FileTree::Save(FileNode& node, ConflictList& conflicts)
 {
     if (node.Queue().IsEmpty() || node.IsInTransaction())
         return kErrorSuccess;
@@ -51,7 +53,7 @@ unsigned FileTree::Save(FileNode& node, std::vector<VReportMessageParams>& confl
     return Run(save, conflicts);
 }
 
-unsigned FileTree::Run(FileSave& save, std::vector<VReportMessageParams>& conflicts)
+unsigned FileTree::Run(FileSave& save, ConflictList& conflicts)
 {
     std::unique_ptr<IFile> lock;
     unsigned code = Lock(kLockPatience, lock);
@@ -64,10 +66,13 @@ unsigned FileTree::Run(FileSave& save, std::vector<VReportMessageParams>& confli
     return code;
 }
 
-void FileTree::Finish(FileSave& save, std::vector<VReportMessageParams>& conflicts)
+void FileTree::Finish(FileSave& save, ConflictList& conflicts)
 {
     for (const std::u16string& name : save.Conflicts())
-        Fail(conflicts.emplace_back(), kValueConflict, KeyPath(save.Node()), name.c_str());
+        if (conflicts.told.size() < ConflictList::kMost)
+            Fail(conflicts.told.emplace_back(), kValueConflict, KeyPath(save.Node()), name.c_str());
+        else
+            ++conflicts.more;
     if (save.Damaged())
         TellDamage(save.Node().Folder(), *save.Damaged());
     if (const unsigned code = save.Finish(); code != kErrorSuccess)
@@ -93,21 +98,26 @@ void FileTree::TellHistory(unsigned code)
     Fail(m_messages.emplace_back(), kHistoryNotWritten, reason.GetTextOneLine());
 }
 
-void FileTree::TellConflicts(std::vector<VReportMessageParams>& conflicts, IReportMessageParams& report)
+void FileTree::TellConflicts(ConflictList& conflicts, IReportMessageParams* report)
 {
-    for (VReportMessageParams& conflict : conflicts) {
-        report.Assign(&conflict);
+    for (VReportMessageParams& conflict : conflicts.told) {
+        if (report)
+            report->Assign(&conflict);
         m_messages.push_back(std::move(conflict));
     }
+    if (conflicts.more == 0)
+        return;
+    const std::string number = std::to_string(conflicts.more);
+    Fail(m_messages.emplace_back(), kFurtherConflicts, std::u16string(number.begin(), number.end()));
 }
 
 unsigned FileTree::Flush(FileNode& node, IReportMessageParams& report)
 {
-    std::vector<VReportMessageParams> conflicts;
+    ConflictList conflicts;
     const unsigned code = Save(node, conflicts);
     if (code != kErrorSuccess)
         report.SetMessage(code);
-    TellConflicts(conflicts, report);
+    TellConflicts(conflicts, &report);
     return code;
 }
 
@@ -122,7 +132,7 @@ unsigned FileTree::BeginTransaction()
 {
     if (m_transaction)
         return kErrorInvalidParameter;
-    m_transaction = std::make_unique<FileTransaction>();
+    m_transaction = std::make_unique<FileTransaction>(m_root, m_transactionBytes);
     return kErrorSuccess;
 }
 
@@ -139,25 +149,21 @@ unsigned FileTree::Commit(IReportMessageParams& report)
         return kErrorInvalidParameter;
     }
     std::unique_ptr<IFile> lock;
-    std::vector<std::unique_ptr<FileSave>> saves;
+    ConflictList conflicts;
     unsigned code = Lock(kLockPatience, lock);
     if (code == kErrorSuccess)
-        code = m_transaction->Commit(m_tools, saves);
-    if (code != kErrorSuccess) {
+        code = m_transaction->Commit(m_tools, [&](FileSave& save) { Finish(save, conflicts); });
+    if (code != kErrorSuccess)
         TellFailedCommit(code, report);
-        return code;
-    }
-    std::vector<VReportMessageParams> conflicts;
-    for (const auto& save : saves)
-        Finish(*save, conflicts);
-    m_transaction.reset();
-    TellConflicts(conflicts, report);
-    return kErrorSuccess;
+    else
+        m_transaction.reset();
+    TellConflicts(conflicts, code == kErrorSuccess ? &report : nullptr);
+    return code;
 }
 
 unsigned FileTree::Rewrite(FileNode& node, const std::string* text, std::string& aside)
 {
-    std::vector<VReportMessageParams> conflicts;
+    ConflictList conflicts;
     unsigned code = Save(node, conflicts);
     FileSave save(m_tools, node);
     if (text)
@@ -165,8 +171,7 @@ unsigned FileTree::Rewrite(FileNode& node, const std::string* text, std::string&
     if (code == kErrorSuccess)
         code = Run(save, conflicts);
     aside = save.Aside();
-    for (VReportMessageParams& conflict : conflicts)
-        m_messages.push_back(std::move(conflict));
+    TellConflicts(conflicts, nullptr);
     return code;
 }
 
@@ -203,8 +208,8 @@ void FileTree::RollBack()
 void FileTree::TellFailedCommit(unsigned code, IReportMessageParams& report) const
 {
     report.SetMessage(code);
-    std::vector<JournalEntry> entries;
-    if (ReadJournal(m_root, entries) != kErrorSuccess || entries.empty())
+    JournalReader journal;
+    if (journal.Open(m_root) != kErrorSuccess || !journal.IsWhole())
         return;
     VReportMessageParams reason(code, LibraryModule());
     Fail(report, kTransactionPending, reason.GetTextOneLine());

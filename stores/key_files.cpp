@@ -5,6 +5,8 @@
 #include "stores/store_key.h"
 #include "stores/store_lock.h"
 
+#include <algorithm>
+
 namespace ostrand {
 
 namespace {
@@ -75,6 +77,19 @@ bool KeyOf(const VFolderEntry& entry, std::u16string& name, std::string_view& ba
         base.remove_suffix(kValuesSuffix.size());
     }
     return DecodeKeyName(base, name);
+}
+
+std::u16string PathOfKey(std::string_view below)
+{
+    std::u16string path;
+    std::u16string level;
+    while (!below.empty()) {
+        const size_t bar = std::min(below.find('/'), below.size());
+        DecodeKeyName(below.substr(0, bar), level);
+        path += (path.empty() ? u"" : u"\\") + level;
+        below.remove_prefix(std::min(bar + 1, below.size()));
+    }
+    return path;
 }
 
 unsigned KeyTarget::Cut(const std::string& from, const char16_t* path)

@@ -18,6 +18,9 @@ bool IsReadableKey(const std::string& folder);
 /// The key that a folder's entry belongs to; false for files that are no key's. `base` is the name of its folder.
 bool KeyOf(const VFolderEntry& entry, std::u16string& name, std::string_view& base);
 
+/// The key's path from the root, its levels parted by backslashes, by its folder below the store's.
+std::u16string PathOfKey(std::string_view below);
+
 /// A name below a key, as the path that a key of this very spelling has.
 struct KeyTarget {
     std::u16string_view name;

@@ -10,6 +10,8 @@ constexpr std::array kTable = {
     VMessageText{kValueConflict,
                  u"The value '%2' of '%1' was changed by another program at the same time.  Your change, "
                  u"the later one, was saved."},
+    VMessageText{kFurtherConflicts, u"%1 further values were changed by another program at the same time.  Your "
+                                    u"changes, the later ones, were saved."},
     VMessageText{kChangesNotSaved, u"The changes to '%1' could not be saved yet:\r\n%2"},
     VMessageText{kChangesLost, u"The changes to '%1' could not be saved and are lost:\r\n%2"},
     VMessageText{kTransactionPending, u"The changes are recorded, but could not all be written yet.  They will be "

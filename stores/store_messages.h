@@ -22,6 +22,9 @@ inline constexpr unsigned kFileDamaged = 0xa1380045;
 /// %1 reason: saves go on without a history.
 inline constexpr unsigned kHistoryNotWritten = 0xa1380046;
 
+/// %1 number: conflicts of a transaction that has too many to tell each; the history has them.
+inline constexpr unsigned kFurtherConflicts = 0xa1380047;
+
 /// Makes the texts known to reports. Any number of times.
 void InstallStoreMessages();
 

@@ -21,6 +21,22 @@ void ValueBases::Use(const std::shared_ptr<const NameLayout>& layout)
             Set(before->HashOf(i), values[i]);
 }
 
+std::vector<ValueBases::Base> ValueBases::Plain() const
+{
+    ValueBases plain;
+    plain.m_bases = m_bases;
+    for (size_t i = 0; i < m_values.size(); ++i)
+        if (m_values[i] != kUnknown)
+            plain.Set(m_layout->HashOf(i), m_values[i]);
+    return std::move(plain.m_bases);
+}
+
+void ValueBases::TakePlain(std::vector<Base> bases)
+{
+    Clear();
+    m_bases = std::move(bases);
+}
+
 uint64_t* ValueBases::FindAt(uint64_t name)
 {
     const size_t number = m_layout ? m_layout->FindHash(name) : NameIndex::kNone;

@@ -28,6 +28,16 @@ public:
     void Use(const std::shared_ptr<const NameLayout>& layout);
     void SetAt(size_t number, uint64_t value) { m_values[number] = value; }
 
+    /// Twelve bytes: thousands of files stay in memory like this.
+    struct Base {
+        uint32_t name;
+        uint32_t low, high; // halves of a hash of both, name and value
+        bool operator==(const Base&) const = default;
+    };
+    /// All that is known, without a layout; and the same back from there.
+    std::vector<Base> Plain() const;
+    void TakePlain(std::vector<Base> bases);
+
     bool IsEmpty() const { return m_values.empty() && m_bases.empty(); }
     void Clear() { *this = ValueBases(); }
 
@@ -35,12 +45,6 @@ private:
     /// No HashValue, see there.
     static constexpr uint64_t kUnknown = 1;
 
-    /// Twelve bytes: thousands of files stay in memory like this.
-    struct Base {
-        uint32_t name;
-        uint32_t low, high; // halves of a hash of both, name and value
-        bool operator==(const Base&) const = default;
-    };
     static Base Make(uint64_t name, uint64_t value);
     /// The place of a name in the layout, if it's known there.
     uint64_t* FindAt(uint64_t name);

@@ -23,6 +23,8 @@ constexpr int kAlways = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 // As many links in a row as the system itself follows.
 constexpr int kMostLinks = 40;
 
+constexpr unsigned kModeOfNameless = 0600;
+
 int AccessFlags(VFileAccess access)
 {
     switch (access) {
@@ -97,6 +99,19 @@ unsigned ReadAll(int file, std::string& data)
     }
     data.resize(done);
     return kErrorSuccess;
+}
+
+int OpenNamelessRaw(const std::string& path)
+{
+    const std::string folder = path.substr(0, path.rfind('/') + 1);
+    int file = OpenRaw(folder.empty() ? "." : folder, O_TMPFILE | O_RDWR, kModeOfNameless);
+    if (file != -1 || (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL))
+        return file;
+    unlink(path.c_str());
+    file = OpenRaw(path, O_RDWR | O_CREAT | O_EXCL, kModeOfNameless);
+    if (file != -1)
+        unlink(path.c_str());
+    return file;
 }
 
 unsigned ReadOnce(const std::string& path, size_t limit, std::string& data, struct stat& raw)
@@ -196,6 +211,15 @@ public:
             return code;
         info = InfoOf(raw);
         file = std::move(opened);
+        return kErrorSuccess;
+    }
+
+    unsigned OpenNameless(const std::string& path, std::unique_ptr<IFile>& file) override
+    {
+        const int descriptor = OpenNamelessRaw(path);
+        if (descriptor == -1)
+            return CodeOf(errno);
+        file = MakeFile(descriptor);
         return kErrorSuccess;
     }
 

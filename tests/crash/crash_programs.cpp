@@ -70,7 +70,7 @@ CrashStory::Programs::Program& CrashStory::Programs::Of(unsigned program)
 {
     std::unique_ptr<Program>& found = m_programs[program];
     if (!found)
-        found = std::make_unique<Program>();
+        found = std::make_unique<Program>(m_transactionBytes);
     return *found;
 }
 
@@ -100,6 +100,9 @@ bool CrashStory::Programs::Do(const Action& action)
         return saved(key && key->Flush(report),
                      [&](const Action& a) { return a.key == action.key && a.program == action.program; });
     }
+    case Do::Close:
+        program.keys[action.key].reset();
+        return true;
     case Do::DeleteKey: {
         VProfileKey& root = *program.store.GetRootKey();
         return root.DeleteKey(StartKeys()[action.key].name) || !root.KeyExists(StartKeys()[action.key].name);
@@ -134,6 +137,8 @@ bool CrashStory::Programs::Reads(const Action& action)
     const std::unique_ptr<VProfileKey>& key = Of(action.program).Open(action.key);
     unsigned number = 0;
     VUnicodeString text;
+    if (!key)
+        return false;
     if (action.what == Do::Number)
         return key->ReadDword(action.name, &number) && number == action.number;
     if (action.what == Do::Text)
@@ -141,10 +146,10 @@ bool CrashStory::Programs::Reads(const Action& action)
     return !key->ReadString(action.name, text) && !key->ReadDword(action.name, &number);
 }
 
-std::string CrashStory::Programs::Unreadable()
+std::string CrashStory::Programs::Unreadable(bool canOpen)
 {
     for (const Action& action : m_accepted)
-        if (!Reads(action))
+        if ((canOpen || Of(action.program).keys[action.key]) && !Reads(action))
             return Narrow(action.name) + " of " + Narrow(StartKeys()[action.key].name);
     return {};
 }

@@ -40,13 +40,18 @@ struct CrashStory::KeyState {
 /// lifetime.
 class CrashStory::Programs {
 public:
-    explicit Programs(SimDisk& disk) { Platform().files = &disk; }
+    explicit Programs(SimDisk& disk, size_t transactionBytes = FileStoreFactory::kTransactionBytes)
+        : m_transactionBytes(transactionBytes)
+    {
+        Platform().files = &disk;
+    }
 
     /// Whether the store answered that it is done.
     bool Do(const Action& action);
     bool Reads(const Action& action);
-    /// The first value that was accepted, not yet saved, and doesn't read as written; empty for none.
-    std::string Unreadable();
+    /// The first value that was accepted, not yet saved, and doesn't read as written; empty for none. Of keys that are
+    /// open alone, where the disk lets none be opened.
+    std::string Unreadable(bool canOpen);
     /// Opens the key anew and saves one value.
     bool Save(unsigned program, size_t key, const char16_t* name, unsigned number);
     void RollBack(unsigned program) { Of(program).store.Extras().RollBackTransaction(); }
@@ -59,15 +64,17 @@ public:
 
 private:
     struct Program {
+        explicit Program(size_t transactionBytes) : factory("/home/store", transactionBytes) {}
         std::unique_ptr<VProfileKey>& Open(size_t key);
 
-        FileStoreFactory factory{"/home/store"};
+        FileStoreFactory factory;
         VProfileStore store{&factory};
         std::array<std::unique_ptr<VProfileKey>, 8> keys;
     };
     Program& Of(unsigned program);
     bool Write(const Action& action);
 
+    size_t m_transactionBytes;
     VPlatformScope m_scope; // puts the real files back
     std::array<std::unique_ptr<Program>, 2> m_programs;
     std::vector<Action> m_accepted; // and not yet saved

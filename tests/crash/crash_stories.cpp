@@ -39,6 +39,17 @@ const std::vector<Action> kTransaction = {
     {Do::Commit},
 };
 
+/// Each key waits on the disk, some of them twice.
+const std::vector<Action> kWideTransaction = {
+    {Do::Begin},          {Do::Number, kOne, u"Count", 2},
+    {Do::Close, kOne},    {Do::Text, kLong, u"Long", 700},
+    {Do::Close, kLong},   {Do::Number, kOther, u"Count", 3},
+    {Do::Close, kOther},  {Do::Number, kOne, u"Theirs", 3},
+    {Do::Close, kOne},    {Do::Drop, kParent, u"Line 2"},
+    {Do::Close, kParent}, {Do::Text, kNew, u"Text", 30},
+    {Do::Close, kNew},    {Do::Commit},
+};
+
 const std::vector<Action> kSavesAround = {
     {Do::Number, kOne, u"Count", 2},
     {Do::Flush, kOne},
@@ -86,6 +97,7 @@ std::vector<std::unique_ptr<CrashStory>> AllCrashStories()
     add("no-exchange", kSpareFile, {.hasExchange = false});
     add("deletion", kDeletion);
     add("transaction", kTransaction);
+    add("wide-transaction", kWideTransaction, {.transactionBytes = 0});
     add("saves-around", kSavesAround);
     add("history", kHistory);
     add("short-history", kHistory, {.options = "History Versions = 2\n"});

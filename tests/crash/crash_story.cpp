@@ -61,7 +61,8 @@ const char* NameOf(Fate fate) { return kFateNames[static_cast<size_t>(fate)]; }
 
 CrashStory::CrashStory(const char* name, std::vector<Action> actions, const Start& start)
     : m_name(name),
-      m_actions(std::move(actions))
+      m_actions(std::move(actions)),
+      m_transactionBytes(start.transactionBytes)
 {
     static Silence silence;
     SetReportRouterGetter([]() -> VReportMessageRouter* { return &silence; });
@@ -77,7 +78,7 @@ CrashStory::CrashStory(const char* name, std::vector<Action> actions, const Star
     SimDisk disk = m_start.Kill();
     m_states.push_back(LookAgain(disk));
     {
-        Programs programs(disk);
+        Programs programs(disk, m_transactionBytes);
         for (const Action& action : m_actions) {
             if (!programs.Do(action))
                 m_flaw = "the story goes wrong without a fault";
@@ -200,7 +201,7 @@ const CrashStory::Dead& CrashStory::DeadAt(size_t call)
         return *m_dead;
     m_dead = std::make_unique<Dead>(Dead{call, m_start.Kill(), Begin()});
     m_dead->disk.plan = {.at = call, .dies = true};
-    Programs programs(m_dead->disk);
+    Programs programs(m_dead->disk, m_transactionBytes);
     Play(m_dead->disk, programs, m_dead->progress);
     return *m_dead;
 }
@@ -256,7 +257,7 @@ std::string CrashStory::LostByOther(size_t call, Dice& dice) const
     SimDisk disk = m_start.Kill();
     Progress progress = Begin();
     {
-        Programs programs(disk);
+        Programs programs(disk, m_transactionBytes);
         programs.Start(1);
         disk.plan = {.at = disk.calls.size() + call, .dies = true};
         Play(disk, programs, progress);
@@ -281,7 +282,7 @@ std::string CrashStory::LostByFault(const CrashPoint& point, Dice& dice) const
     SimDisk disk = m_start.Kill();
     Progress progress = Begin();
     {
-        Programs programs(disk);
+        Programs programs(disk, m_transactionBytes);
         disk.plan = {.at = point.call, .code = Any(kFailures, dice), .isLasting = point.fate == Fate::FailOn};
         const bool rollsBack = dice.Coin();
         const bool goesOn = CanGoOn() && dice.Coin();
@@ -317,7 +318,7 @@ std::string CrashStory::CheckFault(const SimDisk& disk, Programs& programs, cons
 {
     if (std::string lost = Judge(LookAgain(disk), progress); !lost.empty())
         return "after the failure: " + lost;
-    const std::string unreadable = programs.Unreadable();
+    const std::string unreadable = programs.Unreadable(!disk.plan.isLasting);
     return unreadable.empty() ? "" : "not readable after the failure: " + unreadable;
 }
 

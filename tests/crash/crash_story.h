@@ -2,6 +2,7 @@
 // failure or a fault; then the store is opened anew, and no key may show anything but one of its whole states.
 #pragma once
 
+#include "stores/file_store.h"
 #include "tests/crash/sim_disk.h"
 
 #include <functional>
@@ -35,7 +36,7 @@ struct CrashPoint {
 
 class CrashStory {
 public:
-    enum class Do { Number, Text, Drop, Flush, DeleteKey, Begin, Commit };
+    enum class Do { Number, Text, Drop, Flush, Close, DeleteKey, Begin, Commit };
     struct Action {
         Do what;
         size_t key = 0; ///< index of the store's keys
@@ -48,6 +49,7 @@ public:
         bool hasExchange = true;  ///< of two names, on the disk
         bool isEmpty = false;     ///< no store yet
         const char* options = ""; ///< the store's
+        size_t transactionBytes = FileStoreFactory::kTransactionBytes;
     };
 
     /// Runs the story once without a fault.
@@ -98,6 +100,7 @@ private:
 
     const char* m_name;
     std::vector<Action> m_actions;
+    size_t m_transactionBytes;
     SimDisk m_start;
     std::vector<Store> m_states; // at the start and after each action
     size_t m_calls = 0;

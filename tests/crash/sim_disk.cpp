@@ -9,6 +9,7 @@ namespace {
 constexpr size_t kRoot = 1;
 constexpr unsigned kOwnerMayWrite = 0200;
 constexpr unsigned kModeOfFolders = 0700;
+constexpr unsigned kModeOfFiles = 0600;
 
 } // namespace
 
@@ -231,6 +232,17 @@ unsigned SimDisk::OpenAlone(const std::string& path, std::unique_ptr<IFile>& fil
             return kErrorSharingViolation;
         file = OpenNode(id);
         info = InfoOf(id);
+        return kErrorSuccess;
+    });
+}
+
+unsigned SimDisk::OpenNameless(const std::string& path, std::unique_ptr<IFile>& file)
+{
+    return Step("OpenNameless", [&] {
+        Place place;
+        if (const unsigned code = Find(path, place); code == kErrorPathNotFound)
+            return code;
+        file = OpenNode(Make(false, kModeOfFiles));
         return kErrorSuccess;
     });
 }

@@ -83,6 +83,7 @@ public:
     unsigned Open(const std::string& path, VFileAccess access, VFileDisposition disposition, unsigned mode,
                   std::unique_ptr<IFile>& file, bool* existed) override;
     unsigned OpenAlone(const std::string& path, std::unique_ptr<IFile>& file, VFileInfo& info) override;
+    unsigned OpenNameless(const std::string& path, std::unique_ptr<IFile>& file) override;
     unsigned ReadWhole(const std::string& path, size_t limit, std::string& data, VFileInfo& info) override;
     unsigned GetInfo(const std::string& path, VFileInfo& info) override;
     unsigned Rename(const std::string& from, const std::string& to) override;

@@ -52,6 +52,15 @@ public:
             file = std::make_unique<File>(*this, std::move(opened));
         return code;
     }
+    unsigned OpenNameless(const std::string& path, std::unique_ptr<IFile>& file) override
+    {
+        std::unique_ptr<IFile> opened;
+        const unsigned code =
+            Step("OpenNameless", [&] { return refusesNameless ? failure : m_real.OpenNameless(path, opened); });
+        if (code == kErrorSuccess)
+            file = std::make_unique<File>(*this, std::move(opened));
+        return code;
+    }
     unsigned ReadWhole(const std::string& path, size_t limit, std::string& data, VFileInfo& info) override
     {
         return Step("ReadWhole", [&] { return m_real.ReadWhole(path, limit, data, info); });
@@ -104,6 +113,8 @@ public:
 
     /// As a folder on a medium that can't be written. Tests may run with all rights, so modes don't do.
     bool notWritable = false;
+    /// As a disk that has no room for another file.
+    bool refusesNameless = false;
 
 private:
     class File : public IFile {

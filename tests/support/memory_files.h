@@ -37,6 +37,7 @@ public:
         return kErrorSuccess;
     }
     unsigned OpenAlone(const std::string&, std::unique_ptr<IFile>&, VFileInfo&) override { return kErrorNotSupported; }
+    unsigned OpenNameless(const std::string&, std::unique_ptr<IFile>&) override { return kErrorNotSupported; }
     unsigned ReadWhole(const std::string& path, size_t limit, std::string& data, VFileInfo& info) override
     {
         const unsigned code = GetInfo(path, info);

@@ -35,6 +35,8 @@ inline constexpr unsigned kMidnightLogNeedsDay = 0xe1380013;
 inline constexpr unsigned kValueNotCopied = 0xe1380060;
 /// %1 kind of definition, %2 name.
 inline constexpr unsigned kNameUnknown = 0xe1380061;
+/// %1 protocol, %2 module file, %3 operation, %4 what the exception says.
+inline constexpr unsigned kModuleThrew = 0xe1380062;
 
 // Texts that the application's table brings.
 inline constexpr unsigned kParserHasNoOpinion = 0xe1040040;
@@ -49,6 +51,12 @@ inline constexpr unsigned kVariantNotConvertible = 0xe104006b;
 inline constexpr unsigned kOctalInvalidDigit = 0xe104006c;
 inline constexpr unsigned kOctalAboveMaximum = 0xe104006d;
 inline constexpr unsigned kOctalOverflow = 0xe104006e;
+inline constexpr unsigned kModuleMissing = 0x61370003;
+inline constexpr unsigned kModuleNotLoaded = 0xe1370004;       // path, the platform's text or the missing function
+inline constexpr unsigned kModuleContractDiffers = 0xe1370006; // path
+inline constexpr unsigned kModuleLoadingStopped = 0xe1370007;
+inline constexpr unsigned kNoModuleLoaded = 0xe1370008;      // folder, application
+inline constexpr unsigned kModuleFailed = 0xe1370009;        // path, product, protocol, the cause's text
 inline constexpr unsigned kKeymapFileFailed = 0xe1370001;    // path, reasons
 inline constexpr unsigned kKeymapFileHasErrors = 0xa1370002; // path, reasons; the good lines are taken
 

@@ -14,7 +14,8 @@ struct VDownloadOffer {
     VUnicodeString title;
     VUnicodeString integratedProduct;
     VUnicodeString productToUpgrade;
-    VUnicodeString kind; ///< of the integrated product, as texts name it
+    VUnicodeString kind;       ///< of the integrated product, as texts name it
+    VUnicodeString identifier; ///< of the contract that the newer one has to fulfil, for the address
 };
 
 enum class VDownloadAnswer { Continue, Download, Exit };
@@ -30,6 +31,7 @@ public:
     virtual bool AskYesNo(std::u16string_view text, VPromptIcon icon) = 0;
     /// Begins at `path`; false when cancelled, with `path` as it was.
     virtual bool PickFolder(std::u16string_view title, VUnicodeString& path) = 0;
+    /// After Download the address was opened.
     virtual VDownloadAnswer OfferDownload(const VDownloadOffer& offer) = 0;
     /// Begins with `text` and the check box that asks to save it; false when cancelled, with both as they were.
     /// `parent` may be null.

@@ -1,9 +1,10 @@
-// What the library asks of the system besides files: clock, environment, processes, protection of secrets. One small
-// interface each; a test replaces any of them for its own duration.
+// What the library asks of the system besides files: clock, environment, processes, modules, protection of secrets. One
+// small interface each; a test replaces any of them for its own duration.
 #pragma once
 
 #include "platform/data_protection.h"
 #include "platform/files.h"
+#include "platform/modules.h"
 
 #include <cstdint>
 #include <string>
@@ -63,6 +64,7 @@ struct VPlatform {
     IProcesses* processes;
     IDisplay* display;
     IDataProtection* dataProtection;
+    IModules* modules;
 };
 
 /// The process's services: the system's own until a test puts others there. Filled before main, changed on one thread.

@@ -5,8 +5,8 @@ namespace ostrand {
 
 VPlatform& Platform()
 {
-    static VPlatform services{&posix::Files(),     &posix::Clock(),   &posix::Environment(),
-                              &posix::Processes(), &posix::Display(), &posix::DataProtection()};
+    static VPlatform services{&posix::Files(),   &posix::Clock(),          &posix::Environment(), &posix::Processes(),
+                              &posix::Display(), &posix::DataProtection(), &posix::Modules()};
     return services;
 }
 

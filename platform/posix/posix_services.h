@@ -45,5 +45,6 @@ IEnvironment& Environment();
 IProcesses& Processes();
 IDisplay& Display();
 IDataProtection& DataProtection();
+IModules& Modules();
 
 } // namespace ostrand::posix

@@ -32,7 +32,11 @@ public:
             path = picked;
         return answer;
     }
-    VDownloadAnswer OfferDownload(const VDownloadOffer&) override { return VDownloadAnswer::Exit; }
+    VDownloadAnswer OfferDownload(const VDownloadOffer& offer) override
+    {
+        offers.push_back(offer);
+        return downloadAnswer;
+    }
     bool AskFirewallCredential(VFirewallCredential what, VUnicodeString& text, bool& isSaved,
                                IParentable* parent) override
     {
@@ -52,8 +56,11 @@ public:
     std::u16string typed;
     bool savesTyped = false;
 
+    VDownloadAnswer downloadAnswer = VDownloadAnswer::Exit;
+
     std::vector<std::u16string> texts;
     std::vector<std::u16string> questions;
+    std::vector<VDownloadOffer> offers;
     std::u16string pickedFrom;
     VPromptIcon lastIcon = VPromptIcon::None;
     IParentable* lastParent = nullptr;

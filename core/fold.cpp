@@ -60,6 +60,14 @@ char16_t FoldCase(char16_t c) { return c < kFolded ? kTables.lower[c] : c; }
 
 char16_t UpperCase(char16_t c) { return c < kFolded ? kTables.upper[c] : c; }
 
+std::u16string FoldedCase(std::u16string_view text)
+{
+    std::u16string folded(text);
+    for (char16_t& c : folded)
+        c = FoldCase(c);
+    return folded;
+}
+
 bool EqualNoCase(std::u16string_view a, std::u16string_view b)
 {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char16_t x, char16_t y) {

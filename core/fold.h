@@ -5,6 +5,7 @@
 #include "platform/export.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace ostrand {
@@ -13,6 +14,9 @@ namespace ostrand {
 OSTRAND_API char16_t FoldCase(char16_t c);
 /// The inverse, for names that are shown in capitals.
 OSTRAND_API char16_t UpperCase(char16_t c);
+
+/// The whole text in lower case, as a key for tables of names.
+OSTRAND_API std::u16string FoldedCase(std::u16string_view text);
 
 /// Same texts but for case.
 OSTRAND_API bool EqualNoCase(std::u16string_view a, std::u16string_view b);

@@ -70,7 +70,8 @@ public:
 
 struct VFolderEntry {
     std::string name;
-    bool isFolder = false;
+    bool isFolder = false; ///< also a link that leads to one
+    bool isLink = false;
 };
 
 class IFiles {

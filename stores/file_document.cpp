@@ -73,10 +73,6 @@ bool FileDocument::FindUncut(const AskedName& name, Found& found) const
         if (!isKnown || m_uncutFinds > kMostUncutFinds)
             return false;
     } else {
-        // Who asks for the first value will go on with the second.
-        const std::string_view lines = SkipByteOrderMark(m_text);
-        if (name.IsPlain(NameOfLine(lines.substr(0, lines.find('\n'))).spelled))
-            return false;
         const ScanResult result = ScanForName(m_text, name, m_scannedPlace);
         if (result != ScanResult::One)
             return result == ScanResult::None;

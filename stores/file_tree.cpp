@@ -363,12 +363,15 @@ unsigned FileTree::ListKeys(const FileNode& from, SnapshotIterator& out)
     const unsigned code = Files().ListFolder(from.Folder(), entries);
     if (code != kErrorSuccess && !IsMissing(code))
         return code;
+    if (!entries.empty() && LeadsBack(m_root, from.Folder()))
+        entries.clear();
     if (m_transaction)
         ListNewKeys(from, out);
     std::u16string name;
     std::string_view base;
     for (const VFolderEntry& entry : entries)
-        if (KeyOf(entry, name, base))
+        if (KeyOf(entry, name, base) &&
+            !(entry.isFolder && entry.isLink && LeadsBack(m_root, Joined(from.Folder(), base))))
             out.Add(name.c_str(), VProfileValueType::Subkey);
     out.SortNames();
     return kErrorSuccess;

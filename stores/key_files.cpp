@@ -57,6 +57,20 @@ bool IsFolder(const std::string& path)
     return Files().GetInfo(path, info) == kErrorSuccess && info.isFolder;
 }
 
+bool LeadsBack(const std::string& root, const std::string& folder)
+{
+    VFileInfo info;
+    VFileInfo above;
+    if (folder == root || Files().GetInfo(folder, info) != kErrorSuccess)
+        return false;
+    for (size_t end = folder.rfind('/'); end != std::string::npos && end >= root.size();
+         end = folder.rfind('/', end - 1))
+        if (Files().GetInfo(folder.substr(0, end), above) == kErrorSuccess && above.device == info.device &&
+            above.file == info.file)
+            return true;
+    return false;
+}
+
 bool IsReadableKey(const std::string& folder)
 {
     std::unique_ptr<IFile> file;

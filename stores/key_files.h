@@ -13,6 +13,9 @@ std::string Joined(std::string_view folder, std::string_view name);
 /// The file of values of the key with this folder; not for the root.
 std::string ValuesFileBeside(const std::string& folder);
 bool IsFolder(const std::string& path);
+/// Whether a link makes the folder the same as one above it, up to `root`. No key is listed for it, nor any below it,
+/// or there would be no end of them.
+bool LeadsBack(const std::string& root, const std::string& folder);
 /// Whether there is a key with this folder that can be opened for reading.
 bool IsReadableKey(const std::string& folder);
 /// The key that a folder's entry belongs to; false for files that are no key's. `base` is the name of its folder.

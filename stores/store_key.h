@@ -63,7 +63,7 @@ private:
 };
 
 /// What a failed open gives: everything fails with the code of the open.
-class FailedKey final : public StoreKey {
+class FailedKey : public StoreKey {
 public:
     explicit FailedKey(unsigned code) : m_code(code) { Answer(code); }
 

@@ -2,6 +2,7 @@
 
 #include "platform/error_codes.h"
 #include "stores/file_names.h"
+#include "stores/key_files.h"
 #include "stores/store_lock.h"
 
 #include <vector>
@@ -45,7 +46,7 @@ unsigned StoreWatch::Begin()
 void StoreWatch::AddFolder(const std::string& folder, std::set<std::string>* keys)
 {
     // Watched before it is read: what comes in between is seen twice, not missed.
-    if (m_watch->Add(folder) != kErrorSuccess)
+    if (LeadsBack(m_root, folder) || m_watch->Add(folder) != kErrorSuccess)
         return;
     std::vector<VFolderEntry> entries;
     Files().ListFolder(folder, entries);

@@ -3,6 +3,7 @@
 #include "core/fold.h"
 #include "platform/error_codes.h"
 #include "stores/file_names.h"
+#include "stores/key_files.h"
 #include "stores/store_lock.h"
 
 #include <algorithm>
@@ -12,12 +13,6 @@
 namespace ostrand {
 
 namespace {
-
-std::u16string Folded(std::u16string name)
-{
-    std::transform(name.begin(), name.end(), name.begin(), FoldCase);
-    return name;
-}
 
 bool EndsLikeValues(std::string_view name)
 {
@@ -36,10 +31,12 @@ bool IsStoresOwn(std::string_view name)
 
 class Search {
 public:
-    explicit Search(std::vector<StrayFile>& strays) : m_strays(strays) {}
+    Search(const std::string& root, std::vector<StrayFile>& strays) : m_root(root), m_strays(strays) {}
 
     unsigned Run(const std::string& folder)
     {
+        if (LeadsBack(m_root, folder))
+            return kErrorSuccess;
         std::vector<VFolderEntry> entries;
         const unsigned code = Files().ListFolder(folder, entries);
         if (code != kErrorSuccess)
@@ -73,12 +70,13 @@ private:
             m_strays.push_back({StrayKind::NoKeysName, path, {}});
             return kErrorSuccess;
         }
-        const auto [there, isNew] = spellings.try_emplace(Folded(name), base);
+        const auto [there, isNew] = spellings.try_emplace(FoldedCase(name), base);
         if (!isNew && there->second != base)
             m_strays.push_back({StrayKind::DiffersInCase, path, folder + '/' + there->second});
         return entry.isFolder ? Run(path) : kErrorSuccess;
     }
 
+    const std::string& m_root;
     std::vector<StrayFile>& m_strays;
 };
 
@@ -86,7 +84,7 @@ private:
 
 unsigned FindStrayFiles(const std::string& folder, std::vector<StrayFile>& strays)
 {
-    return Search(strays).Run(folder);
+    return Search(folder, strays).Run(folder);
 }
 
 const char16_t* DescribeStray(StrayKind kind)

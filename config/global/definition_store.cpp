@@ -1,5 +1,6 @@
 #include "config/global/definition_store.h"
 
+#include "config/session/session_paths.h"
 #include "core/fold.h"
 #include "core/messages.h"
 #include "profile/hives.h"
@@ -9,15 +10,8 @@ namespace ostrand {
 
 namespace {
 
-constexpr const char16_t* kIsSession = u"Is Session";
 /// Holds a definition while its name changes in case alone; no one types it.
 constexpr const char16_t* kPassingName = u"\u0001renamed";
-
-bool HasMark(const VProfileKey& key)
-{
-    unsigned ignored = 0;
-    return key.ReadDword(kIsSession, &ignored);
-}
 
 } // namespace
 
@@ -27,7 +21,7 @@ bool DefinitionStore::Exists(std::u16string_view name) const
 {
     const VProfileStore store(true);
     const VUnicodeString path = PathOf(name);
-    return store.GetRootKey()->KeyExists(path.c_str()) && HasMark(VProfileKey(store.GetRootKey(), path.c_str()));
+    return store.GetRootKey()->KeyExists(path.c_str()) && HasSessionMark(VProfileKey(store.GetRootKey(), path.c_str()));
 }
 
 void DefinitionStore::ListNames(VStringArray& out) const
@@ -39,7 +33,7 @@ void DefinitionStore::ListNames(VStringArray& out) const
     VProfileKeyIterator keys(&all, false);
     VUnicodeString name;
     while (keys.Next(name))
-        if (HasMark(VProfileKey(&all, name.c_str())))
+        if (HasSessionMark(VProfileKey(&all, name.c_str())))
             out.Append(name);
 }
 
@@ -51,7 +45,7 @@ bool DefinitionStore::Save(std::u16string_view name, VProfileData& record, bool 
     const bool isNew = !store.GetRootKey()->KeyExists(path.c_str());
     VProfileKey key(store.GetRootKey(), path.c_str());
     record.Save(&key, force || isNew);
-    if (!HasMark(key))
+    if (!HasSessionMark(key))
         key.WriteDword(kIsSession, 1);
     return key.Flush(report);
 }

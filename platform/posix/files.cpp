@@ -134,12 +134,15 @@ unsigned ReadOnce(const std::string& path, size_t limit, std::string& data, stru
     return code;
 }
 
-bool IsFolder(int folder, const dirent& entry)
+VFolderEntry EntryOf(int folder, const dirent& raw)
 {
-    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK)
-        return entry.d_type == DT_DIR;
+    VFolderEntry entry{raw.d_name, raw.d_type == DT_DIR, raw.d_type == DT_LNK};
     struct stat info{};
-    return fstatat(folder, entry.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
+    if (raw.d_type == DT_UNKNOWN)
+        entry.isLink = fstatat(folder, raw.d_name, &info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(info.st_mode);
+    if (raw.d_type == DT_UNKNOWN || entry.isLink)
+        entry.isFolder = fstatat(folder, raw.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
+    return entry;
 }
 
 constexpr int64_t kSecond = 1'000'000'000; // nanoseconds
@@ -302,7 +305,7 @@ public:
                 return CodeOf(errno);
             const std::string_view name = entry->d_name;
             if (name != "." && name != "..")
-                entries.push_back({std::string(name), IsFolder(dirfd(folder.get()), *entry)});
+                entries.push_back(EntryOf(dirfd(folder.get()), *entry));
         }
     }
 

@@ -136,8 +136,8 @@ TEST_F(FilesTest, FoldersAreMadeListedAndRemoved)
     std::sort(entries.begin(), entries.end(),
               [](const VFolderEntry& a, const VFolderEntry& b) { return a.name < b.name; });
     ASSERT_EQ(entries.size(), 3u);
-    EXPECT_TRUE(entries[0].name == "link" && entries[0].isFolder);
-    EXPECT_TRUE(entries[1].name == "sub" && entries[1].isFolder);
+    EXPECT_TRUE(entries[0].name == "link" && entries[0].isFolder && entries[0].isLink);
+    EXPECT_TRUE(entries[1].name == "sub" && entries[1].isFolder && !entries[1].isLink);
     EXPECT_TRUE(entries[2].name == "\xC3\xA4.ini" && !entries[2].isFolder);
     EXPECT_EQ(files.ListFolder(folder.Path("none"), entries), kErrorFileNotFound);
     EXPECT_NE(files.RemoveFolder(folder.Path("d")), kErrorSuccess) << "not empty";

@@ -1,6 +1,7 @@
 #include "stores/file_store.h"
 
 #include "profile/key.h"
+#include "stores/stray_files.h"
 #include "tests/support/faulty_files.h"
 #include "tests/support/temp_folder.h"
 
@@ -230,6 +231,41 @@ TEST_F(FileStore, DeletingAKeySparesWhatIsNotTheStores)
     EXPECT_NE(Status(*m_writable.GetRootKey()), kErrorSuccess);
     EXPECT_TRUE(m_folder.Exists("Config/Key/notes.txt"));
     EXPECT_FALSE(m_folder.Exists("Config/Key/Sub.ini"));
+}
+
+/// Keys below this one, at most so many: a walk without an end stops there.
+size_t CountKeys(const VProfileKey& key, size_t most)
+{
+    size_t count = 0;
+    VProfileKeyIterator names(&key, false);
+    for (VUnicodeString name; count < most && names.Next(name);)
+        count += 1 + CountKeys(VProfileKey(&key, name.c_str()), most - count - 1);
+    return count;
+}
+
+TEST_F(FileStore, ALinkThatLeadsBackIsPassedOver)
+{
+    m_folder.Write("Config/A/B/Deep.ini", "N = 1\n");
+    m_folder.Write("Config/A/Values.ini", "N = 1\n");
+    m_folder.Write("Elsewhere/Sub.ini", "N = 1\n");
+    for (const char* const loop : {"Config/Up", "Config/A/Loop", "Config/A/B/Loop", "Config/A/Values"})
+        fs::create_directory_symlink(m_folder.Path("Config"), m_folder.Path(loop));
+    fs::create_directory_symlink(m_folder.Path("Elsewhere"), m_folder.Path("Config/A/Out"));
+    fs::create_directory_symlink("Itself", m_folder.Path("Config/Itself"));
+    fs::create_symlink("Circle.ini", m_folder.Path("Config/Circle.ini"));
+    // A, A\B, A\B\Deep, A\Out, A\Out\Sub, A\Values, which has a file, too, and Circle
+    EXPECT_EQ(CountKeys(*m_readOnly.GetRootKey(), 1000), 7u);
+    EXPECT_TRUE(m_readOnly.GetRootKey()->KeyExists(u"Up\\A\\Values"));
+    EXPECT_FALSE(m_readOnly.GetRootKey()->KeyExists(u"Circle"));
+
+    std::vector<VUnicodeString> changed;
+    VReportMessageParams report;
+    ASSERT_TRUE(m_writable.Extras().Poll(changed, report)) << "the watch ends its walk, too";
+    m_folder.Write("Config/A/Values.ini", "N = 2\n");
+    EXPECT_TRUE(m_writable.Extras().Poll(changed, report));
+    EXPECT_THAT(changed, ElementsAre(u"A\\Values")) << "by its path without links";
+    std::vector<StrayFile> strays;
+    EXPECT_EQ(FindStrayFiles(m_folder.Path("Config"), strays), kErrorSuccess);
 }
 
 TEST_F(FileStore, AMessageCanTellWhereAValueStands)

@@ -30,6 +30,7 @@ std::span<const Topic> Topics()
         Topic{"remote_host", RemoteHostKinds()},
         Topic{"synchronize", SynchronizeKinds()},
         Topic{"terminal_config", TerminalConfigKinds()},
+        Topic{"session_folder", SessionFolderKinds()},
         Topic{"paths", PathsKinds()},
         Topic{"path_tokens", PathTokensKinds()},
         Topic{"time_zone", TimeZoneKinds()},

@@ -52,5 +52,6 @@ std::span<const Kind> KeymapTablesKinds();
 std::span<const Kind> KeyFileKinds();
 std::span<const Kind> KeymapBlockKinds();
 std::span<const Kind> TerminalConfigKinds();
+std::span<const Kind> SessionFolderKinds();
 
 } // namespace ostrand::vectors

@@ -1,0 +1,53 @@
+#include "config/session/session_name.h"
+
+#include "config/session/session_paths.h"
+#include "core/fold.h"
+#include "core/format.h"
+#include "core/messages.h"
+#include "core/paths/path_text.h"
+#include "core/prompts.h"
+#include "core/report.h"
+
+namespace ostrand {
+
+namespace {
+
+bool IsTaken(std::u16string_view path, std::u16string_view oldName, std::u16string_view newName, bool isNew)
+{
+    if (isNew)
+        return SessionExistsIn(path, newName);
+    return !EqualNoCase(oldName, newName) && SessionExistsIn(SplitSessionPath(path).folder, newName);
+}
+
+} // namespace
+
+bool CheckSessionName(std::u16string_view name, VUnicodeString& reason)
+{
+    char16_t illegal = 0;
+    if (name.empty())
+        reason = u"The name must be specified";
+    else if (HasIllegalNameCharacter(name, &illegal))
+        reason = Format(u"The name contains an illegal character: ' %1 '", std::u16string_view(&illegal, 1));
+    else if (IsReservedDeviceName(name))
+        reason = Format(u"%1 is a reserved device name on Windows and cannot be used as a name.", name);
+    else
+        return true;
+    return false;
+}
+
+bool ValidateSessionName(std::u16string_view path, std::u16string_view oldName, std::u16string_view newName, bool isNew)
+{
+    VUnicodeString reason;
+    if (!CheckSessionName(newName, reason)) {
+        Prompts().Show(reason, VPromptIcon::None);
+        return false;
+    }
+    if (!IsTaken(path, oldName, newName, isNew))
+        return true;
+    VReportMessageParams report;
+    Fail(report, kNameInUse, newName);
+    Prompts().Show(report.GetText(), VPromptIcon::Warning);
+    return false;
+}
+
+} // namespace ostrand

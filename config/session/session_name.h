@@ -1,0 +1,19 @@
+// The rules for names of sessions, and the messages that tell of a broken one.
+#pragma once
+
+#include "core/strings.h"
+#include "platform/export.h"
+
+#include <string_view>
+
+namespace ostrand {
+
+/// Whether a session may have this name, wherever it lies; else what to tell the user.
+OSTRAND_API bool CheckSessionName(std::u16string_view name, VUnicodeString& reason);
+
+/// The same, and that the name isn't taken in the store; shows a message where it answers false. `path` is the folder
+/// of a new session, the path of an existing one. An existing one may keep its name, or change it in case alone.
+OSTRAND_API bool ValidateSessionName(std::u16string_view path, std::u16string_view oldName, std::u16string_view newName,
+                                     bool isNew);
+
+} // namespace ostrand

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Fails on an include that points upwards, on a toolkit's header below the dialogs, and on a system switch outside
-# platform/. Lowest first: platform, core, profile, keymap, config, imports; stores stand on profile.
+# platform/. Lowest first: platform, core, profile, keymap, config, imports; stores stand on profile, and imports on them.
 set -u
 cd "$(dirname "$0")/.."
 found=0
@@ -20,7 +20,7 @@ may profile "profile core platform"
 may keymap "keymap profile core platform"
 may config "config keymap profile core platform"
 may stores "stores profile core platform"
-may imports "imports config keymap profile core platform"
+may imports "imports config keymap stores profile core platform"
 
 lower="core profile keymap config stores imports platform"
 if grep -rnE '^#include <Q[A-Z]|^#include <(gtk|windows\.h)' $lower --include='*.h' --include='*.cpp'; then

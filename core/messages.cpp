@@ -44,6 +44,7 @@ constexpr std::array kFurtherOwn = {
     VMessageText{kValueNotCopied, u"The value '%1' is of a kind that can't be copied."},
     VMessageText{kNameUnknown, u"There is no %1 named '%2'."},
     VMessageText{kModuleThrew, u"The protocol %1 failed in %3: %4\r\n%2"},
+    VMessageText{kNothingToUndo, u"There is no change of several sessions to undo."},
 };
 
 std::span<const VMessageText> g_further;

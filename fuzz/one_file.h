@@ -1,20 +1,14 @@
 // What targets of file readers share: the input is a file in memory, ahead of it a byte for the target's own choices.
 #pragma once
 
+#include "fuzz/check.h"
 #include "platform/platform.h"
 #include "tests/support/memory_files.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 namespace ostrand::fuzz {
-
-inline void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// In place of the system's files for its lifetime. The input must not be empty.
 struct OneFile {

@@ -4,10 +4,10 @@
 //   input = [ zone ] { line "\n" }        zone: "Z" and 44 bytes
 //   line  = field task entry kind content
 //   field = one of kFields        task, entry = a digit's place in the names, other characters count on from it
-//   kind  = "d" number, "s" text, "b" block, "l" list, anything else: a kind of a later version
+//   kind, content: fuzz/typed_values.h
 #include "config/session/synchronize.h"
 #include "core/format.h"
-#include "stores/memory_store.h"
+#include "fuzz/typed_values.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -18,14 +18,9 @@
 #include <string_view>
 
 using namespace ostrand;
+using namespace ostrand::fuzz;
 
 namespace {
-
-void Require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 constexpr std::string_view kFields = "NTMspuSPLOFX";
 
@@ -64,35 +59,6 @@ std::u16string NameOf(char field, char task, char entry)
     }
 }
 
-/// Without zeros, which no store keeps in a text.
-VUnicodeString TextOf(std::string_view content)
-{
-    std::u16string text;
-    for (const char c : content)
-        if (c != 0)
-            text += static_cast<uint8_t>(c);
-    return std::u16string_view(text);
-}
-
-StoreValue ValueOf(char kind, std::string_view content)
-{
-    switch (kind) {
-    case 'd':
-        return static_cast<unsigned>(std::atol(std::string(content).c_str()));
-    case 's':
-        return TextOf(content);
-    case 'b':
-        return StoreBlock(content.begin(), content.end());
-    case 'l': {
-        VStringArray list;
-        list.Append(TextOf(content));
-        return list;
-    }
-    default:
-        return ForeignValue();
-    }
-}
-
 void FillFrom(std::string_view input, MemoryStoreFactory& factory)
 {
     while (!input.empty()) {
@@ -121,9 +87,9 @@ void RequireStored(MemoryStoreFactory& factory, const SynchronizeProfile& expect
 {
     SynchronizeProfile read;
     read.timeZone = std::make_unique<VTimeZoneInformation>(*expected.timeZone);
-    Require(Load(read, factory) == (read.tasks.GetCount() > 0) && !read.IsModified());
-    Require(read.tasks == expected.tasks && read.filter.Value() == expected.filter.Value());
-    Require(read.lastSyncTime.ticks == expected.lastSyncTime.ticks);
+    Check(Load(read, factory) == (read.tasks.GetCount() > 0) && !read.IsModified());
+    Check(read.tasks == expected.tasks && read.filter.Value() == expected.filter.Value());
+    Check(read.lastSyncTime.ticks == expected.lastSyncTime.ticks);
 }
 
 } // namespace
@@ -140,7 +106,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     }
     MemoryStoreFactory old;
     FillFrom({reinterpret_cast<const char*>(data), size}, old);
-    Require(Load(profile, old) == (profile.tasks.GetCount() > 0) && !profile.IsModified());
+    Check(Load(profile, old) == (profile.tasks.GetCount() > 0) && !profile.IsModified());
 
     MemoryStoreFactory fresh;
     Save(profile, fresh);
@@ -148,13 +114,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 
     const size_t count = old.Dump().size();
     Save(profile, old);
-    Require(old.Dump().size() >= count);
+    Check(old.Dump().size() >= count);
     RequireStored(old, profile);
 
     SynchronizeProfile shorter(profile);
     if (!shorter.tasks.IsEmpty())
         shorter.tasks.RemoveAt(shorter.tasks.GetCount() - 1);
-    Require(shorter.IsModified() == !profile.tasks.IsEmpty());
+    Check(shorter.IsModified() == !profile.tasks.IsEmpty());
     Save(shorter, old);
     RequireStored(old, profile);
     return 0;

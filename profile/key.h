@@ -11,6 +11,7 @@
 #include "profile/store_extras.h"
 
 #include <memory>
+#include <utility>
 
 namespace ostrand {
 
@@ -46,6 +47,8 @@ public:
     VProfileKey(const VProfileKey* parent, const char16_t* name) : m_private(parent->m_private->OpenKey(name, nullptr))
     {
     }
+    /// A handle on a key that its maker brings along.
+    explicit VProfileKey(std::unique_ptr<VProfilePrivateKey> backEnd) : m_private(std::move(backEnd)) {}
     virtual ~VProfileKey() = default;
     VProfileKey(const VProfileKey&) = delete;
     VProfileKey& operator=(const VProfileKey&) = delete;

@@ -1,51 +1,21 @@
 #include "profile/key_copy.h"
 
 #include "core/messages.h"
-
-#include <vector>
+#include "profile/stored_value.h"
 
 namespace ostrand {
 
 namespace {
-
-bool CopyBlock(const VProfileKey& from, VProfileKey& to, const char16_t* name)
-{
-    unsigned size = 0;
-    if (!from.ReadBinary(name, nullptr, &size))
-        return false;
-    std::vector<uint8_t> block(size + 1); // never without memory behind it
-    size = static_cast<unsigned>(block.size());
-    return from.ReadBinary(name, block.data(), &size) && to.WriteBinary(name, block.data(), size);
-}
-
-bool CopyValue(const VProfileKey& from, VProfileKey& to, const char16_t* name, VProfileValueType type)
-{
-    unsigned number = 0;
-    VUnicodeString text;
-    VStringArray list;
-    switch (type) {
-    case VProfileValueType::Dword:
-        return from.ReadDword(name, &number) && to.WriteDword(name, number);
-    case VProfileValueType::String:
-        return from.ReadString(name, text) && to.WriteString(name, text.c_str());
-    case VProfileValueType::Binary:
-        return CopyBlock(from, to, name);
-    case VProfileValueType::MultiSz:
-        return from.ReadMultiSz(name, list) && to.WriteMultiSz(name, list);
-    case VProfileValueType::Subkey:
-    case VProfileValueType::Other:
-        break;
-    }
-    return false;
-}
 
 bool CopyValues(const VProfileKey& from, VProfileKey& to, IReportMessageParams& report)
 {
     VProfileKeyIterator values(&from, true);
     VUnicodeString name;
     int type = 0;
+    StoreValue value;
     while (values.NextValue(name, &type))
-        if (!CopyValue(from, to, name.c_str(), static_cast<VProfileValueType>(type)))
+        if (!ReadStoredValue(from, name.c_str(), static_cast<VProfileValueType>(type), value) ||
+            !WriteStoredValue(to, name.c_str(), value))
             return Fail(report, kValueNotCopied, name);
     return true;
 }

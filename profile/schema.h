@@ -18,6 +18,7 @@
 #include "profile/encoded_string.h"
 #include "profile/log_font.h"
 #include "profile/margins.h"
+#include "profile/multi_line.h"
 #include "profile/name_index.h"
 #include "profile/schema_entry.h"
 #include "profile/values.h"
@@ -320,6 +321,14 @@ consteval auto Strings(const char16_t* name, const char16_t* meaning, Options...
     constexpr auto empty = [] { return VStringArray(); };
     return schema_detail::ObjectRow<M, empty, VProfileStringList>(VValueClass::Strings, name, meaning, options...);
 }
+/// Several lines of one text; it begins empty.
+template <auto M, class... Options>
+consteval auto MultiLine(const char16_t* name, const char16_t* meaning, Options... options)
+{
+    constexpr auto empty = [] { return VStringArray(); };
+    return schema_detail::ObjectRow<M, empty, VProfileMultiLineString>(VValueClass::MultiLine, name, meaning,
+                                                                       options...);
+}
 template <auto M, auto Default, class... Options>
 consteval auto Font(const char16_t* name, const char16_t* meaning, Options... options)
 {
@@ -335,6 +344,12 @@ consteval auto Placement(const char16_t* name, const char16_t* meaning, Options.
 {
     return schema_detail::ObjectRow<M, Default, VProfileWindowPlacement>(VValueClass::Placement, name, meaning,
                                                                          options...);
+}
+template <auto M, auto F, class... Options>
+consteval auto Placement(const char16_t* name, By<F> by, const char16_t* meaning, Options... options)
+{
+    return schema_detail::ComputedObjectRow<M, VProfileWindowPlacement>(VValueClass::Placement, name, by, meaning,
+                                                                        options...);
 }
 template <auto M, auto Default, class... Options>
 consteval auto Margins(const char16_t* name, const char16_t* meaning, Options... options)

@@ -18,6 +18,7 @@ enum class VValueClass : uint8_t {
     TriState,
     String,
     Strings,
+    MultiLine,
     Font,
     Placement,
     Margins,

@@ -8,24 +8,14 @@
 #pragma once
 
 #include "platform/export.h"
-#include "profile/backend.h"
+#include "profile/stored_value.h"
 
-#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace ostrand {
-
-using StoreBlock = std::vector<uint8_t>;
-/// A kind that this version doesn't know.
-struct ForeignValue {
-    bool operator==(const ForeignValue&) const = default;
-};
-/// In the order of VProfileValueType; the foreign one behind them.
-using StoreValue = std::variant<unsigned, VUnicodeString, StoreBlock, VStringArray, ForeignValue>;
 
 /// One value with its place; levels of the key are parted by "\", and the root's key is empty.
 struct StoreEntry {

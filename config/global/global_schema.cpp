@@ -1,5 +1,6 @@
 // The table of the global record: order of the rows is the order of the member table, of reading and of merging.
 #include "config/global/global_config.h"
+#include "config/global/global_defaults.h"
 #include "platform/platform.h"
 
 namespace ostrand {
@@ -19,32 +20,6 @@ void RawModeExcludesPort(C& c)
 {
     if (c.useRawMode != 0)
         c.usePrinterPort = 0;
-}
-
-/// Normal size, placed by the system: maximised position (-4,-4), empty rectangle.
-VWindowPlacement DefaultPlacement()
-{
-    VWindowPlacement p;
-    p.showCommand = 1;
-    p.maxPositionX = -4;
-    p.maxPositionY = -4;
-    return p;
-}
-
-VMarginData DefaultMargins() { return {0.5, 0.5, 0.5, 0.5}; }
-
-VLogFont DefaultPrinterFont()
-{
-    VLogFont font;
-    font.height = -13;
-    font.weight = 400;
-    font.outPrecision = 3;
-    font.clipPrecision = 2;
-    font.quality = 1;
-    font.pitchAndFamily = 0x31;
-    font.SetFace(u"Courier New");
-    font.pointSize = 100;
-    return font;
 }
 
 CustomColors DefaultCustomColors()
@@ -264,14 +239,14 @@ constexpr std::array kRows = {
     String<&C::version>(u"Version", u"7B2F2717-85C8-4729-8394-3B7697039CEB", u"Mark of the store's version; that it is there tells that the store existed."),
 
     // Records: places of windows, print settings, colours, layouts.
-    Placement<&C::windowPlacement, DefaultPlacement>(u"Window Placement", u"Place and state of the main window."),
-    Placement<&C::connectDialogSize, DefaultPlacement>(u"Connect Dialog Size", u"Place of the connect dialog."),
-    Placement<&C::mainFrameWindowSize, DefaultPlacement>(u"MainFrame Window Size", u"Place of the file transfer window."),
-    Placement<&C::localFrameWindowSize, DefaultPlacement>(u"LocalFrame Window Size", u"Place of the local file window."),
-    Placement<&C::remoteFrameWindowSize, DefaultPlacement>(u"RemoteFrame Window Size", u"Place of the remote file window."),
-    Placement<&C::transferWindowPlacement, DefaultPlacement>(u"Transfer Window Placement", u"Place of the transfer window."),
-    Placement<&C::synchronizeWindowPlacement, DefaultPlacement>(u"Synchronize Window Placement", u"Place of the synchronization window."),
-    Margins<&C::pageMargins, DefaultMargins>(u"Page Margins", u"Margins of printed pages, in inches."),
+    Placement<&C::windowPlacement, DefaultFramePlacement>(u"Window Placement", u"Place and state of the main window."),
+    Placement<&C::connectDialogSize, DefaultFramePlacement>(u"Connect Dialog Size", u"Place of the connect dialog."),
+    Placement<&C::mainFrameWindowSize, DefaultFramePlacement>(u"MainFrame Window Size", u"Place of the file transfer window."),
+    Placement<&C::localFrameWindowSize, DefaultFramePlacement>(u"LocalFrame Window Size", u"Place of the local file window."),
+    Placement<&C::remoteFrameWindowSize, DefaultFramePlacement>(u"RemoteFrame Window Size", u"Place of the remote file window."),
+    Placement<&C::transferWindowPlacement, DefaultFramePlacement>(u"Transfer Window Placement", u"Place of the transfer window."),
+    Placement<&C::synchronizeWindowPlacement, DefaultFramePlacement>(u"Synchronize Window Placement", u"Place of the synchronization window."),
+    Margins<&C::pageMargins, DefaultPageMargins>(u"Page Margins", u"Margins of printed pages, in inches."),
     Font<&C::printerFont, DefaultPrinterFont>(u"Printer Font v2", u"Font of printed text.", Formerly{u"Printer Font"}),
     Colors<&C::customColors, DefaultCustomColors>(u"Custom Colors", u"The user's own sixteen colours of the colour chooser."),
     Colors<&C::ansiColorRgb, DefaultAnsiColors>(u"ANSI Color RGB", u"The sixteen ANSI colours of terminals."),

@@ -136,6 +136,11 @@ ConnectConfig* ConnectConfigPtr::GetActive() const
     return m_activeIndex < 0 ? nullptr : m_configs[static_cast<size_t>(m_activeIndex)].Get();
 }
 
+const ConnectProtocolTableElement* ConnectConfigPtr::GetActiveRow() const
+{
+    return m_activeIndex < 0 ? nullptr : &RowAt(static_cast<size_t>(m_activeIndex));
+}
+
 void ConnectConfigPtr::SetProtocol(const VUnicodeString& protocol)
 {
     if (protocolName.Value() == protocol)

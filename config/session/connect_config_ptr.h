@@ -28,6 +28,8 @@ public:
     /// The settings of the selected protocol; null without one: none selected, its module missing or without settings.
     /// Lent.
     ConnectConfig* GetActive() const;
+    /// The selected protocol's row; null without one.
+    const ConnectProtocolTableElement* GetActiveRow() const;
     /// Whether there is an active configuration, and its protocol isn't "None".
     bool HasProtocol() const { return GetActive() && protocolName.Value() != kNoProtocol; }
     const VUnicodeString& GetProtocolName() const { return protocolName; }

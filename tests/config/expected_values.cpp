@@ -97,6 +97,12 @@ StoreBlock ParseBlock(const std::string& text)
     return block;
 }
 
+/// "\\r" at the end is a carriage return.
+std::string WithReturn(const std::string& text)
+{
+    return text.ends_with("\\r") ? text.substr(0, text.size() - 2) + '\r' : text;
+}
+
 void ParseDefault(const std::string& text, ExpectedValue& value)
 {
     std::string rest;
@@ -113,7 +119,7 @@ void ParseDefault(const std::string& text, ExpectedValue& value)
     else if (text == "[]")
         value.defaultValue = VStringArray();
     else if (text.front() == '"')
-        value.defaultValue = VUnicodeString(Wide(text.substr(1, text.size() - 2)));
+        value.defaultValue = VUnicodeString(Wide(WithReturn(text.substr(1, text.size() - 2))));
     else if (Begins(text, "block ", rest))
         value.defaultValue = ParseBlock(rest);
     else

@@ -27,6 +27,8 @@ void Change(VProfileData& value)
         frame->third ^= 1;
     else if (auto* const text = dynamic_cast<VProfileString*>(&value))
         text->Append(u"x");
+    else if (auto* const secret = dynamic_cast<VProfileBlowfishString*>(&value))
+        secret->SetValue((secret->Value() + u"x").c_str());
     else if (auto* const texts = dynamic_cast<VProfileStringList*>(&value))
         texts->Append(u"x");
     else if (auto* const placement = dynamic_cast<VProfileWindowPlacement*>(&value))
@@ -65,6 +67,9 @@ size_t FieldSize(VValueClass type)
         {VValueClass::TriState, sizeof(VProfile<VTriState>)},
         {VValueClass::String, sizeof(VProfileString)},
         {VValueClass::Strings, sizeof(VProfileStringList)},
+        {VValueClass::MultiLine, sizeof(VProfileMultiLineString)},
+        {VValueClass::Encoded, sizeof(VProfileEncodedString)},
+        {VValueClass::Encrypted, sizeof(VProfileBlowfishString)},
         {VValueClass::Font, sizeof(VProfileLogFont)},
         {VValueClass::Placement, sizeof(VProfileWindowPlacement)},
         {VValueClass::Margins, sizeof(VProfileMargins)},

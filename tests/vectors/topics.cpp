@@ -31,6 +31,7 @@ std::span<const Topic> Topics()
         Topic{"synchronize", SynchronizeKinds()},
         Topic{"terminal_config", TerminalConfigKinds()},
         Topic{"session_folder", SessionFolderKinds()},
+        Topic{"session_config", SessionConfigKinds()},
         Topic{"paths", PathsKinds()},
         Topic{"path_tokens", PathTokensKinds()},
         Topic{"time_zone", TimeZoneKinds()},

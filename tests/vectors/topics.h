@@ -53,5 +53,6 @@ std::span<const Kind> KeyFileKinds();
 std::span<const Kind> KeymapBlockKinds();
 std::span<const Kind> TerminalConfigKinds();
 std::span<const Kind> SessionFolderKinds();
+std::span<const Kind> SessionConfigKinds();
 
 } // namespace ostrand::vectors

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Fails on an include that points upwards, on a toolkit's header below the dialogs, and on a system switch outside
-# platform/. Lowest first: platform, core, profile, keymap, config, imports; stores stand on profile, and imports on them.
+# Fails on an include that points upwards, on a toolkit's header outside platform/qt, and on a system switch outside
+# platform/. Lowest first: platform, core, profile, keymap, config, imports; stores stand on profile, imports on them,
+# dialogs on config.
 set -u
 cd "$(dirname "$0")/.."
 found=0
@@ -21,13 +22,15 @@ may keymap "keymap profile core platform"
 may config "config keymap profile core platform"
 may stores "stores profile core platform"
 may imports "imports config keymap stores profile core platform"
+may dialogs/kit "dialogs/kit config keymap profile core platform"
+may dialogs "dialogs config keymap profile core platform"
 
-lower="core profile keymap config stores imports platform"
+lower="core profile keymap config stores imports dialogs platform/posix platform/*.h"
 if grep -rnE '^#include <Q[A-Z]|^#include <(gtk|windows\.h)' $lower --include='*.h' --include='*.cpp'; then
-    echo "^ no toolkit below the dialogs"
+    echo "^ a toolkit stands in platform/qt alone"
     found=1
 fi
-if grep -rnE '^ *# *(if|ifdef|elif).*(_WIN32|__linux__|__unix__|__APPLE__)' core profile keymap config stores imports tools --include='*.h' --include='*.cpp'; then
+if grep -rnE '^ *# *(if|ifdef|elif).*(_WIN32|__linux__|__unix__|__APPLE__)' core profile keymap config stores imports dialogs tools --include='*.h' --include='*.cpp'; then
     echo "^ system switches stand in platform/ alone"
     found=1
 fi

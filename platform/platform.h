@@ -44,6 +44,8 @@ public:
     /// Whether a file can be run as an application of at least this major version. Systems without version data
     /// look at the file alone.
     virtual bool IsProductExecutable(const std::string& path, unsigned minimumMajor) = 0;
+    /// Whether a person sees what goes to the standard error output.
+    virtual bool IsErrorTerminal() { return false; }
 };
 
 class IDisplay {

@@ -100,23 +100,6 @@ std::string ShownText(const Json& object)
     return Table(rows);
 }
 
-/// A secret comes from standard input, where its word is "-".
-Exit WordOf(const Definition& definition, const std::string& field, std::string& word)
-{
-    if (!definition.IsSecret(field))
-        return Exit::Done;
-    if (word.empty())
-        return Exit::Done;
-    if (word != "-")
-        return Fail(Exit::Usage, Cited(field) + " is a secret: write '" + Plain(field) +
-                                     "=-' and put it on standard input, where nobody sees it");
-    VUnicodeString text;
-    if (const Exit read = ReadInput(text); read != Exit::Done)
-        return read;
-    word = Lossless(text);
-    return Exit::Done;
-}
-
 Exit SetFields(const Request& request, Definition& definition)
 {
     for (const std::string& typed : request.values) {
@@ -126,8 +109,9 @@ Exit SetFields(const Request& request, Definition& definition)
         const std::string field = typed.substr(0, equals);
         std::string word = typed.substr(equals + 1);
         std::string problem;
-        if (const Exit taken = WordOf(definition, field, word); taken != Exit::Done)
-            return taken;
+        if (definition.IsSecret(field))
+            if (const Exit taken = TakeSecretWord(field, field + "=-", word); taken != Exit::Done)
+                return taken;
         if (!definition.Set(field, word, problem))
             return Fail(Exit::Failed, problem);
     }

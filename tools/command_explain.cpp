@@ -1,8 +1,7 @@
-// explain: why a global value is what it is
+// explain, session explain: why a value is what it is
 #include "profile/policy.h"
-#include "tools/commands.h"
-#include "tools/global_rows.h"
 #include "tools/output.h"
+#include "tools/value_commands.h"
 #include "tools/value_json.h"
 #include "tools/value_source.h"
 
@@ -19,6 +18,8 @@ struct Lock {
 };
 
 struct Explanation {
+    NamedValue value;
+    std::optional<NamedValue> usual;
     ValueSource source;
     bool isDifferent;
     std::optional<Lock> lock;
@@ -32,11 +33,13 @@ std::optional<Lock> LockOf(const char16_t* name)
     return lock;
 }
 
-std::string StoredText(const GlobalRow& row, const ValueSource& source)
+std::string StoredText(const Explanation& why)
 {
+    const ValueSource& source = why.source;
     if (source.place.line > 0)
         return PlaceText(source.place) + (source.detail.empty() ? "" : ", " + source.detail);
-    return row.isInTable ? "not yet; the next save writes it" : "no; it is read, and never saved with the others";
+    return why.value.entry.isInTable ? "not yet; the next save writes it"
+                                     : "no; it is read, and never saved with the others";
 }
 
 std::string LockText(const std::optional<Lock>& lock)
@@ -46,50 +49,51 @@ std::string LockText(const std::optional<Lock>& lock)
     return "by an administrator's policy, to " + std::to_string(lock->value) + ", in " + PlaceText(lock->place);
 }
 
-std::string ExplainText(const GlobalRow& row, const Explanation& why, GlobalConfig& config, GlobalConfig& defaults)
+std::string ExplainText(const Explanation& why)
 {
+    const VSchemaEntry& entry = why.value.entry;
     std::vector<std::vector<std::string>> lines = {
-        {"value", TextOf(row, config)},
-        {"stored", StoredText(row, why.source)},
-        {"default", DefaultText(row, defaults) + (why.isDifferent ? ", which is another" : ", which is the same")},
+        {"value", TextOf(why.value)},
+        {"stored", StoredText(why)},
+        {"default", DefaultText(entry, why.usual) + (why.isDifferent ? ", which is another" : ", which is the same")},
         {"locked", LockText(why.lock)},
-        {"type", ValueClassName(row.type)},
+        {"type", ValueClassName(entry.type)},
     };
-    if (const std::string range = BoundText(row.bound); !range.empty())
+    if (const std::string range = BoundText(entry.bound); !range.empty())
         lines.push_back({"range", range});
-    return NameOf(row, config.IsOrvane()) + "\n" + Lossless(row.meaning) + "\n\n" + Table(lines);
+    return NameOf(why.value) + "\n" + Lossless(entry.meaning) + "\n\n" + Table(lines);
 }
 
-std::string ExplainJson(const GlobalRow& row, const Explanation& why, GlobalConfig& config, GlobalConfig& defaults)
+std::string ExplainJson(const Explanation& why)
 {
-    Json entry = RowToJson(row, config);
-    entry["default"] = row.computed ? Json() : JsonOf(row, defaults);
+    Json entry = RowToJson(why.value);
+    entry["default"] = why.value.entry.computed || !why.usual ? Json() : JsonOf(*why.usual);
     entry["isDefault"] = !why.isDifferent;
     AddSource(entry, why.source);
     entry["locked"] = nullptr;
     if (why.lock)
         entry["locked"] = {{"value", why.lock->value}, {"file", why.lock->place.file}, {"line", why.lock->place.line}};
-    entry["meaning"] = Lossless(row.meaning);
+    entry["meaning"] = Lossless(why.value.entry.meaning);
     return WriteJson(entry);
 }
 
 } // namespace
 
-Exit ExplainGlobal(const Request& request)
+Exit ExplainValue(const Request& request, RecordOpener open)
 {
-    const GlobalRow* const row = FindRow(request);
-    if (!row)
+    OpenedRecord opened;
+    if (const Exit done = open(request, Access::Read, opened); done != Exit::Done)
+        return done;
+    ValueRecord& record = *opened.record;
+    const std::optional<NamedValue> value = AskedValue(record, request.name);
+    if (!value)
         return Exit::Failed;
-    ConfigFolder folder;
-    if (const Exit opened = folder.OpenGlobal(request, Access::Read); opened != Exit::Done)
-        return opened;
-    if (const std::string damage = folder.DamageOf(*row); !damage.empty())
+    if (const std::string damage = opened.sessions.Folder().DamageOf(record, *value); !damage.empty())
         Warn(damage + "; its default is shown");
-    ValueSources sources(folder);
-    const Explanation why = {sources.SourceOf(*row), sources.IsDifferent(*row),
-                             LockOf(row->NameFor(request.IsOrvane()))};
-    const auto write = request.asJson ? ExplainJson : ExplainText;
-    return Print(write(*row, why, folder.Config(), sources.Defaults()));
+    ValueSources sources(opened.sessions.Folder(), record);
+    const Explanation why = {*value, sources.DefaultOf(*value), sources.SourceOf(*value), sources.IsDifferent(*value),
+                             LockOf(value->value->name.c_str())};
+    return Print(request.asJson ? ExplainJson(why) : ExplainText(why));
 }
 
 } // namespace ostrand::tool

@@ -1,15 +1,15 @@
 // keymap list, check, convert, diff, explain
+#include "config/session/session_paths.h"
 #include "core/messages.h"
 #include "keymap/default_bindings.h"
 #include "keymap/function_names.h"
 #include "keymap/keymap_file.h"
 #include "keymap/profile_keymap.h"
 #include "platform/error_codes.h"
-#include "profile/hives.h"
+#include "tools/binding_text.h"
 #include "tools/commands.h"
 #include "tools/config_folder.h"
 #include "tools/json_writer.h"
-#include "tools/key_text.h"
 #include "tools/output.h"
 
 #include <filesystem>
@@ -18,7 +18,6 @@ namespace ostrand::tool {
 
 namespace {
 
-constexpr const char16_t* kSessions = u"Sessions";
 constexpr const char16_t* kKeymapValue = u"Keymap v2";
 
 std::string CodeText(unsigned code)
@@ -64,7 +63,7 @@ Exit ReadSessionMap(const Request& request, ConfigFolder& folder, ProfileKeymap&
         return opened;
     VUnicodeString session;
     const bool isUtf8 = FromUtf8(*request.session, session);
-    const VUnicodeString path = JoinKeys(kSessions, session);
+    const VUnicodeString path = BuildSessionKeyPath(session);
     if (!isUtf8 || session.IsEmpty() || !folder.Root().KeyExists(path.c_str()))
         return Fail(Exit::Failed, folder.Path() + ": there is no session " + Cited(*request.session));
     const VProfileKey key(&folder.Root(), path.c_str());
@@ -99,32 +98,6 @@ private:
     ConfigFolder m_folder;
 };
 
-struct Binding {
-    unsigned function = 0;
-    VUnicodeString argument;
-    bool operator==(const Binding&) const = default;
-};
-
-Binding BindingOf(const Keymap& map, unsigned index)
-{
-    return {map.OwnBindings().Function(index), map.OwnBindings().String(index)};
-}
-
-bool TakesArgument(unsigned function)
-{
-    return function == kFunctionSend || function == kFunctionRun || function == kFunctionLaunch;
-}
-
-/// As an action of a key map file.
-std::string ActionText(const Binding& binding)
-{
-    const std::string text = "\"" + Plain(Lossless(binding.argument)) + "\"";
-    const std::string name = Lossless(FunctionNameOf(binding.function));
-    if (!TakesArgument(binding.function))
-        return name;
-    return binding.function == kFunctionSend ? text : name + "(" + text + ")";
-}
-
 Json ToJson(unsigned index, const Binding& binding)
 {
     return {{"index", index},
@@ -132,14 +105,6 @@ Json ToJson(unsigned index, const Binding& binding)
             {"key", KeyText(index)},
             {"function", Lossless(FunctionNameOf(binding.function))},
             {"argument", TakesArgument(binding.function) ? Json(Lossless(binding.argument)) : Json()}};
-}
-
-template <class See>
-void ForEachBinding(const Keymap& map, See see)
-{
-    for (unsigned index = 0; index < kKeyCount; ++index)
-        if (const Binding binding = BindingOf(map, index); binding.function != kFunctionNone)
-            see(index, binding);
 }
 
 /// Both maps hold the same, as far as files tell.

@@ -1,8 +1,8 @@
 // global merge
 #include "tools/commands.h"
-#include "tools/config_folder.h"
-#include "tools/global_rows.h"
+#include "tools/global_record.h"
 #include "tools/output.h"
+#include "tools/value_commands.h"
 #include "tools/value_json.h"
 
 namespace ostrand::tool {
@@ -11,59 +11,77 @@ namespace {
 
 constexpr size_t kValueWidth = 44;
 
-std::string MergeText(const GlobalMergePreview& preview, const ConfigFolder& folder, const char16_t* key,
-                      GlobalConfig& config, bool isWritten)
+/// What merging one value would change.
+struct Change {
+    NamedValue now;
+    NamedValue merged;
+};
+
+std::string MergeText(const std::vector<Change>& changes, bool isWritten)
 {
+    if (changes.empty())
+        return "Nothing would change.\n";
     std::vector<std::vector<std::string>> rows = {{"NAME", "NOW", isWritten ? "SAVED" : "MERGED"}};
-    for (const GlobalRow* row : preview.changed) {
-        const Json now = JsonOf(*row, config);
-        const Json merged = JsonOf(*row, *preview.merged);
-        rows.push_back({NameOf(*row, config.IsOrvane()), Shortened(DifferenceText(now, merged), kValueWidth),
+    for (const auto& change : changes) {
+        const Json now = JsonOf(change.now);
+        const Json merged = JsonOf(change.merged);
+        rows.push_back({NameOf(change.now), Shortened(DifferenceText(now, merged), kValueWidth),
                         Shortened(DifferenceText(merged, now), kValueWidth)});
     }
-    std::string text = preview.changed.empty() ? "Nothing would change.\n" : Table(rows);
-    for (const VUnicodeString& name : preview.ignored) {
-        const std::string place = PlaceText(folder.PlaceIn(key, name.c_str()));
-        text += "not merged: " + Plain(Lossless(name)) + " (" + place + ")\n";
-    }
+    return Table(rows);
+}
+
+std::string IgnoredText(const std::vector<VUnicodeString>& ignored, const ConfigFolder& folder, const char16_t* key)
+{
+    std::string text;
+    for (const VUnicodeString& name : ignored)
+        text += "not merged: " + Plain(Lossless(name)) + " (" + PlaceText(folder.PlaceIn(key, name.c_str())) + ")\n";
     return text;
 }
 
-std::string MergeJson(const GlobalMergePreview& preview, GlobalConfig& config, bool isWritten)
+std::string MergeJson(const std::vector<Change>& changes, const std::vector<VUnicodeString>& ignored, bool isWritten)
 {
     Json changed = Json::array();
-    for (const GlobalRow* row : preview.changed)
-        changed.push_back({{"name", NameOf(*row, config.IsOrvane())},
-                           {"type", ValueClassName(row->type)},
-                           {"value", JsonOf(*row, config)},
-                           {"merged", JsonOf(*row, *preview.merged)}});
-    Json ignored = Json::array();
-    for (const VUnicodeString& name : preview.ignored)
-        ignored.push_back(Lossless(name));
-    return WriteJson({{"written", isWritten}, {"changed", changed}, {"ignored", ignored}});
+    for (const auto& change : changes)
+        changed.push_back({{"name", NameOf(change.now)},
+                           {"type", ValueClassName(change.now.entry.type)},
+                           {"value", JsonOf(change.now)},
+                           {"merged", JsonOf(change.merged)}});
+    Json names = Json::array();
+    for (const VUnicodeString& name : ignored)
+        names.push_back(Lossless(name));
+    return WriteJson({{"written", isWritten}, {"changed", changed}, {"ignored", names}});
 }
 
 } // namespace
 
 Exit MergeGlobal(const Request& request)
 {
-    ConfigFolder folder;
-    if (const Exit opened = folder.OpenGlobal(request, Access::Read); opened != Exit::Done)
-        return opened;
+    OpenedRecord opened;
+    if (const Exit done = OpenGlobalRecord(request, Access::Read, opened); done != Exit::Done)
+        return done;
+    const ConfigFolder& folder = opened.sessions.Folder();
     std::unique_ptr<VProfileKey> key;
     if (const Exit found = folder.OpenKey(request.key, key); found != Exit::Done)
         return found;
     VUnicodeString path;
     FromUtf8(request.key, path);
     folder.WarnOfBrokenLines(path.c_str());
-    GlobalConfig& config = folder.Config();
-    const GlobalMergePreview preview = PreviewGlobalMerge(config, *key);
-    const bool isWritten = request.write && !preview.changed.empty();
+    const GlobalMergePreview preview = PreviewGlobalMerge(folder.Config(), *key);
+    GlobalRecord now(VUnknownPointer<GlobalConfig>::Share(&folder.Config()));
+    GlobalRecord merged(preview.merged);
+    std::vector<Change> changes;
+    std::vector<VUnicodeString> names;
+    for (const GlobalRow* row : preview.changed) {
+        changes.push_back({now.ValueOf(*row), merged.ValueOf(*row)});
+        names.push_back(changes.back().merged.value->name);
+    }
+    const bool isWritten = request.write && !changes.empty();
     if (isWritten)
-        if (const Exit saved = folder.SaveValues(*preview.merged, preview.changed); saved != Exit::Done)
+        if (const Exit saved = folder.SaveValues(merged, names); saved != Exit::Done)
             return saved;
-    return Print(request.asJson ? MergeJson(preview, config, isWritten)
-                                : MergeText(preview, folder, path.c_str(), config, isWritten));
+    return Print(request.asJson ? MergeJson(changes, preview.ignored, isWritten)
+                                : MergeText(changes, isWritten) + IgnoredText(preview.ignored, folder, path.c_str()));
 }
 
 } // namespace ostrand::tool

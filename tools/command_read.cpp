@@ -1,8 +1,8 @@
-// global list, global get
-#include "tools/commands.h"
-#include "tools/config_folder.h"
-#include "tools/global_rows.h"
+// global list; global get, session get
+#include "tools/global_record.h"
 #include "tools/output.h"
+#include "tools/session_record.h"
+#include "tools/value_commands.h"
 #include "tools/value_json.h"
 
 namespace ostrand::tool {
@@ -12,23 +12,23 @@ namespace {
 constexpr size_t kValueWidth = 40;
 constexpr size_t kDefaultWidth = 30;
 
-std::string ListText(GlobalConfig& config)
+std::string ListText(ValueRecord& record)
 {
-    const VUnknownPointer<GlobalConfig> defaults = GlobalDefaults(config.IsOrvane(), false);
+    const std::unique_ptr<ValueRecord> defaults = record.Defaults(false);
     std::vector<std::vector<std::string>> rows = {{"NAME", "TYPE", "STATE", "VALUE", "DEFAULT"}};
-    for (const GlobalRow* row : GlobalRows())
-        rows.push_back({NameOf(*row, config.IsOrvane()), ValueClassName(row->type),
-                        StateOf(*row->Member(config)) + std::string(row->isInTable ? "" : ", never saved"),
-                        Shortened(TextOf(*row, config), kValueWidth),
-                        Shortened(DefaultText(*row, *defaults), kDefaultWidth)});
+    for (const NamedValue& value : record.Values())
+        rows.push_back({NameOf(value), ValueClassName(value.entry.type),
+                        StateOf(*value.value) + std::string(value.entry.isInTable ? "" : ", never saved"),
+                        Shortened(TextOf(value), kValueWidth),
+                        Shortened(DefaultText(value.entry, FindValue(*defaults, value.value->name)), kDefaultWidth)});
     return Table(rows);
 }
 
-std::string ListJson(GlobalConfig& config)
+std::string ListJson(ValueRecord& record)
 {
     Json list = Json::array();
-    for (const GlobalRow* row : GlobalRows())
-        list.push_back(RowToJson(*row, config));
+    for (const NamedValue& value : record.Values())
+        list.push_back(RowToJson(value));
     return WriteJson(list);
 }
 
@@ -50,28 +50,45 @@ std::string BareText(const Json& value)
 
 } // namespace
 
-Exit ListGlobal(const Request& request)
+Exit OpenGlobalRecord(const Request& request, Access access, OpenedRecord& opened)
 {
-    ConfigFolder folder;
-    if (const Exit opened = folder.OpenGlobal(request, Access::Read); opened != Exit::Done)
-        return opened;
-    folder.WarnOfDamage();
-    return Print(request.asJson ? ListJson(folder.Config()) : ListText(folder.Config()));
+    ConfigFolder& folder = opened.sessions.Folder();
+    if (const Exit done = folder.OpenGlobal(request, access); done != Exit::Done)
+        return done;
+    opened.record =
+        std::make_unique<GlobalRecord>(VUnknownPointer<GlobalConfig>::Share(&folder.Config()), &folder.GlobalKey());
+    return Exit::Done;
 }
 
-Exit GetGlobal(const Request& request)
+Exit OpenSessionRecord(const Request& request, Access access, OpenedRecord& opened)
 {
-    const GlobalRow* const row = FindRow(request);
-    if (!row)
+    VUnknownPointer<SessionConfig> session;
+    if (const Exit done = opened.sessions.Open(request, access, session); done != Exit::Done)
+        return done;
+    opened.record = std::make_unique<SessionRecord>(std::move(session));
+    return Exit::Done;
+}
+
+Exit ListValues(const Request& request, RecordOpener open)
+{
+    OpenedRecord opened;
+    if (const Exit done = open(request, Access::Read, opened); done != Exit::Done)
+        return done;
+    opened.sessions.Folder().WarnOfDamage(*opened.record);
+    return Print(request.asJson ? ListJson(*opened.record) : ListText(*opened.record));
+}
+
+Exit GetValue(const Request& request, RecordOpener open)
+{
+    OpenedRecord opened;
+    if (const Exit done = open(request, Access::Read, opened); done != Exit::Done)
+        return done;
+    const std::optional<NamedValue> value = AskedValue(*opened.record, request.name);
+    if (!value)
         return Exit::Failed;
-    ConfigFolder folder;
-    if (const Exit opened = folder.OpenGlobal(request, Access::Read); opened != Exit::Done)
-        return opened;
-    if (const std::string damage = folder.DamageOf(*row); !damage.empty())
+    if (const std::string damage = opened.sessions.Folder().DamageOf(*opened.record, *value); !damage.empty())
         return Fail(Exit::Failed, damage);
-    if (request.asJson)
-        return Print(WriteJson(RowToJson(*row, folder.Config())));
-    return Print(BareText(JsonOf(*row, folder.Config())));
+    return Print(request.asJson ? WriteJson(RowToJson(*value)) : BareText(JsonOf(*value)));
 }
 
 } // namespace ostrand::tool

@@ -1,7 +1,6 @@
-// schema global: what settings there are, as a table, as JSON, as a page for people.
-#include "tools/commands.h"
-#include "tools/global_rows.h"
+// schema global, session, terminal and so on
 #include "tools/output.h"
+#include "tools/schema_pages.h"
 
 namespace ostrand::tool {
 
@@ -9,16 +8,17 @@ namespace {
 
 constexpr size_t kDefaultWidth = 36;
 
-Json RowToSchema(const GlobalRow& row, GlobalConfig& defaults)
+Json RowToSchema(const NamedValue& value)
 {
+    const VSchemaEntry& row = value.entry;
     const VBound& bound = row.bound;
     Json oldNames = Json::array();
     if (row.formerly)
         oldNames.push_back(Lossless(row.formerly));
-    return {{"name", NameOf(row, false)},
-            {"nameInOrvane", NameOf(row, true)},
+    return {{"name", Lossless(row.name)},
+            {"nameInOrvane", Lossless(row.NameFor(true))},
             {"type", ValueClassName(row.type)},
-            {"default", row.computed ? Json() : JsonOf(row, defaults)},
+            {"default", row.computed ? Json() : JsonOf(value)},
             {"computed", row.computed ? Json(Lossless(row.computed)) : Json()},
             {"minimum", bound.kind == VBound::Kind::None ? Json() : Json(bound.low)},
             {"maximum",
@@ -30,12 +30,12 @@ Json RowToSchema(const GlobalRow& row, GlobalConfig& defaults)
 }
 
 /// What a reader should know beside type, default and bound.
-std::string Notes(const GlobalRow& row)
+std::string Notes(const VSchemaEntry& row)
 {
     std::string notes;
     const auto add = [&notes](const std::string& note) { notes += " " + note; };
     if (row.nameInOrvane)
-        add("In Orvane: " + NameOf(row, true) + ".");
+        add("In Orvane: " + Lossless(row.nameInOrvane) + ".");
     if (row.formerly)
         add("Formerly: " + Lossless(row.formerly) + ".");
     if (row.bound.kind == VBound::Kind::Among)
@@ -47,52 +47,51 @@ std::string Notes(const GlobalRow& row)
     return notes;
 }
 
-std::string SchemaJson(GlobalConfig& defaults)
+std::string SchemaJson(const SchemaPage& page)
 {
     Json list = Json::array();
-    for (const GlobalRow* row : GlobalRows())
-        list.push_back(RowToSchema(*row, defaults));
+    for (const NamedValue& value : page.values)
+        list.push_back(RowToSchema(value));
     return WriteJson(list);
 }
 
-std::string SchemaText(GlobalConfig& defaults)
+std::string SchemaText(const SchemaPage& page)
 {
     std::vector<std::vector<std::string>> rows = {{"NAME", "TYPE", "DEFAULT", "RANGE", "MEANING"}};
-    for (const GlobalRow* row : GlobalRows())
-        rows.push_back({NameOf(*row, false), ValueClassName(row->type),
-                        Shortened(DefaultText(*row, defaults), kDefaultWidth), BoundText(row->bound),
-                        Lossless(row->meaning) + Notes(*row)});
+    for (const NamedValue& value : page.values)
+        rows.push_back({Lossless(value.entry.name), ValueClassName(value.entry.type),
+                        Shortened(DefaultText(value.entry, value), kDefaultWidth), BoundText(value.entry.bound),
+                        Lossless(value.entry.meaning) + Notes(value.entry)});
     return Table(rows);
 }
 
-std::string SchemaMarkdown(GlobalConfig& defaults)
+std::string SchemaMarkdown(const SchemaPage& page)
 {
-    std::string text =
-        "# Global settings\n\n"
-        "Made by `ostrandcfg schema global --markdown`; don't edit. All values stand in the key `Global` of "
-        "the store. A value that is missing there, or of another kind, has its default. A number outside "
-        "its range is corrected when it is read, and the next save writes the corrected one.\n\n"
-        "| Name | Type | Default | Range | Meaning |\n|---|---|---|---|---|\n";
-    for (const GlobalRow* row : GlobalRows()) {
-        const std::string value = row->computed ? Lossless(row->computed) : "`" + TextOf(*row, defaults) + "`";
-        text += "| " + NameOf(*row, false) + " | " + ValueClassName(row->type) + " | " + value + " | " +
-                BoundText(row->bound) + " | " + Lossless(row->meaning) + Notes(*row) + " |\n";
+    std::string text = "# " + std::string(page.title) + "\n\n" + page.about +
+                       "\n\n| Name | Type | Default | Range | Meaning |\n|---|---|---|---|---|\n";
+    for (const NamedValue& value : page.values) {
+        const VSchemaEntry& row = value.entry;
+        const std::string usual = row.computed ? Lossless(row.computed) : "`" + TextOf(value) + "`";
+        text += "| " + Lossless(row.name) + " | " + ValueClassName(row.type) + " | " + usual + " | " +
+                BoundText(row.bound) + " | " + Lossless(row.meaning) + Notes(row) + " |\n";
     }
-    text += "\n## Rules\n\nThey run after reading and after a merge, on current values only.\n\n";
-    for (const VSchemaRow<GlobalConfig>& row : GlobalConfig::Schema().Rows())
-        if (row.IsRule())
-            text += "- " + Lossless(row.meaning) + "\n";
+    std::string rules;
+    for (const VSchemaView& schema : page.rules)
+        for (size_t i = 0; i < schema.GetCount(); ++i)
+            if (schema[i].IsRule())
+                rules += "- " + Lossless(schema[i].meaning) + "\n";
+    if (!rules.empty())
+        text += "\n## Rules\n\nThey run after reading and after a merge, on current values only.\n\n" + rules;
     return text;
 }
 
 } // namespace
 
-Exit SchemaOfGlobal(const Request& request)
+Exit Describe(const Request& request, const SchemaPage& page)
 {
-    const VUnknownPointer<GlobalConfig> defaults = GlobalDefaults(false, false);
     if (request.asJson)
-        return Print(SchemaJson(*defaults));
-    return Print(request.asMarkdown ? SchemaMarkdown(*defaults) : SchemaText(*defaults));
+        return Print(SchemaJson(page));
+    return Print(request.asMarkdown ? SchemaMarkdown(page) : SchemaText(page));
 }
 
 } // namespace ostrand::tool

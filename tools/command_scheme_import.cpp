@@ -5,6 +5,7 @@
 #include "platform/platform.h"
 #include "tools/commands.h"
 #include "tools/config_folder.h"
+#include "tools/global_record.h"
 #include "tools/json_writer.h"
 #include "tools/output.h"
 
@@ -66,7 +67,8 @@ Exit SaveAnsi(ConfigFolder& folder, const ImportedScheme& scheme)
 {
     GlobalConfig& config = folder.Config();
     config.ansiColorRgb = AnsiOf(scheme);
-    return folder.SaveValues(config, {FindGlobalRow(config.ansiColorRgb.name, config.IsOrvane())});
+    GlobalRecord record(VUnknownPointer<GlobalConfig>::Share(&config));
+    return folder.SaveValues(record, {config.ansiColorRgb.name});
 }
 
 Exit CheckAnsi(const std::vector<ImportedScheme>& schemes)

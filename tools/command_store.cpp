@@ -1,7 +1,7 @@
 // store dump, and the words for shell completion
 #include "tools/commands.h"
 #include "tools/config_folder.h"
-#include "tools/global_rows.h"
+#include "tools/global_record.h"
 #include "tools/key_walk.h"
 #include "tools/output.h"
 #include "tools/value_json.h"
@@ -122,8 +122,9 @@ Exit DumpStore(const Request& request)
 
 Exit CompleteValues(const Request& request)
 {
+    GlobalRecord record(GlobalDefaults(request.IsOrvane(), false));
     std::string text;
-    for (const std::string& name : RowNames(request.IsOrvane()))
+    for (const std::string& name : NamesOf(record))
         text += name + "\n";
     return Print(text);
 }

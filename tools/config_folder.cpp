@@ -2,13 +2,13 @@
 
 #include "core/entry.h"
 #include "core/fold.h"
+#include "core/messages.h"
 #include "core/native_path.h"
 #include "core/paths/known_folders.h"
 #include "core/product.h"
 #include "platform/error_codes.h"
 #include "platform/platform.h"
 #include "stores/file_check.h"
-#include "tools/global_rows.h"
 #include "tools/output.h"
 
 #include <algorithm>
@@ -26,6 +26,7 @@ constexpr size_t kWarningsOfOneFile = 5;
 constexpr size_t kLargestFile = size_t{1} << 26; // bytes; the store reads no larger one
 
 FileStoreFactory* theFactory = nullptr;
+int theProduct = kProductTessaly;
 
 VProfileStoreFactory* TheFactory() { return theFactory; }
 
@@ -91,9 +92,24 @@ std::vector<FileFault> BrokenLines(const std::string& file)
     return faults;
 }
 
+/// Why the stored value is none of its class.
+std::string UnfitText(const NamedValue& value, const ValuePlace& place)
+{
+    return PlaceText(place) + ": " + Cited(NameOf(value)) + " holds no value of type " +
+           ValueClassName(value.entry.type);
+}
+
 bool IsMissing(unsigned code) { return code == kErrorFileNotFound; }
 
 } // namespace
+
+ApplicationScope::ApplicationScope(const Request& request)
+{
+    theProduct = ProductOf(request);
+    SetAppNameFunction([] { return GetProductName(theProduct); });
+}
+
+ApplicationScope::~ApplicationScope() { SetAppNameFunction(nullptr); }
 
 ConfigFolder::~ConfigFolder()
 {
@@ -117,6 +133,7 @@ Exit ConfigFolder::Open(const Request& request, Access access)
 
     m_factory = std::make_unique<FileStoreFactory>(m_path);
     theFactory = m_factory.get();
+    m_application = std::make_unique<ApplicationScope>(request);
     OstrandUiInit(TheRouter);
     OstrandUiInitProfileFactory(TheFactory);
     m_store = std::make_unique<VProfileStore>(true);
@@ -130,7 +147,7 @@ Exit ConfigFolder::OpenGlobal(const Request& request, Access access)
     m_globalKey = std::make_unique<VProfileKey>(&Root(), kGlobalKey);
     if (IReportMessageParams& status = m_globalKey->GetStatus(); status.GetCode() != 0 && !IsMissing(status.GetCode()))
         return FailGlobal(status);
-    GetGlobalConfig(m_config, ProductOf(request));
+    GetGlobalConfig(m_config, theProduct);
     return Exit::Done;
 }
 
@@ -161,12 +178,12 @@ Exit ConfigFolder::CheckWritable() const
     return FailGlobal(status.GetCode() != 0 ? status : denied);
 }
 
-Exit ConfigFolder::SaveValues(GlobalConfig& config, const std::vector<const GlobalRow*>& rows) const
+Exit ConfigFolder::SaveValues(ValueRecord& record, const std::vector<VUnicodeString>& names) const
 {
-    VProfileStore store;
-    VProfileKey key(store.GetRootKey(), kGlobalKey);
     VReportMessageParams report;
-    return SaveGlobalValues(config, rows, key, report) ? Exit::Done : FailSave(report);
+    if (record.Save(names, report))
+        return Exit::Done;
+    return record.KeyPath() == kGlobalKey ? FailSave(report) : FailChange(report);
 }
 
 Exit ConfigFolder::FailSave(IReportMessageParams& report) const
@@ -179,6 +196,13 @@ Exit ConfigFolder::FailSave(IReportMessageParams& report) const
 Exit ConfigFolder::FailSaveBelow(IReportMessageParams& report) const
 {
     std::_Exit(static_cast<int>(Fail(Exit::Store, m_path + ": " + ReportText(report)))); // as above
+}
+
+Exit ConfigFolder::FailChange(IReportMessageParams& report) const
+{
+    if (report.GetCode() == kValueNotCopied || report.GetCode() == kNameUnknown)
+        return Fail(Exit::Failed, ReportText(report));
+    FailSaveBelow(report);
 }
 
 Exit ConfigFolder::FailGlobal(IReportMessageParams& report) const
@@ -195,37 +219,28 @@ ValuePlace ConfigFolder::PlaceIn(const char16_t* key, const char16_t* valueName)
     return place;
 }
 
-ValuePlace ConfigFolder::PlaceOf(const char16_t* valueName) const { return PlaceIn(kGlobalKey, valueName); }
-
-std::string ConfigFolder::DamageOf(const GlobalRow& row) const
+std::string ConfigFolder::DamageOf(const ValueRecord& record, const NamedValue& value) const
 {
-    const ValuePlace place = PlaceOf(row.NameFor(m_config->IsOrvane()));
+    const VUnicodeString key = record.KeyPath();
+    const ValuePlace place = PlaceIn(key.c_str(), value.value->name.c_str());
     if (place.line > 0)
-        return UnfitValue(row, place);
-    for (const FileFault& fault : BrokenLines(GlobalFile()))
-        if (EqualNoCase(fault.name, row.NameFor(m_config->IsOrvane())))
-            return PlaceText({place.file, fault.line}) + ": " + Cited(NameOf(row, m_config->IsOrvane())) + " " +
+        return record.IsStored(value) ? "" : UnfitText(value, place);
+    for (const FileFault& fault : BrokenLines(place.file))
+        if (EqualNoCase(fault.name, value.value->name))
+            return PlaceText({place.file, fault.line}) + ": " + Cited(NameOf(value)) + " " +
                    Lossless(DescribeFault(fault.kind));
     return {};
 }
 
-std::string ConfigFolder::UnfitValue(const GlobalRow& row, const ValuePlace& place) const
+void ConfigFolder::WarnOfDamage(ValueRecord& record) const
 {
-    if (HasGlobalValue(row, *m_globalKey, m_config->IsOrvane()))
-        return {};
-    return PlaceText(place) + ": " + Cited(NameOf(row, m_config->IsOrvane())) + " holds no value of type " +
-           ValueClassName(row.type);
-}
-
-void ConfigFolder::WarnOfDamage() const
-{
-    for (const GlobalRow* row : GlobalRows()) {
-        const ValuePlace place = PlaceOf(row->NameFor(m_config->IsOrvane()));
-        const std::string unfit = place.line > 0 ? UnfitValue(*row, place) : std::string();
-        if (!unfit.empty())
-            Warn(unfit + "; its default is shown");
+    const VUnicodeString key = record.KeyPath();
+    for (const NamedValue& value : record.Values()) {
+        const ValuePlace place = PlaceIn(key.c_str(), value.value->name.c_str());
+        if (place.line > 0 && !record.IsStored(value))
+            Warn(UnfitText(value, place) + "; its default is shown");
     }
-    WarnOfBrokenLines(kGlobalKey);
+    WarnOfBrokenLines(key.c_str());
 }
 
 void ConfigFolder::WarnOfBrokenLines(const char16_t* key) const

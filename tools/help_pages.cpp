@@ -1,5 +1,6 @@
 #include "tools/help_pages.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -130,21 +131,25 @@ std::string LongOptions(const CLI::App& app)
     return names;
 }
 
-/// Which list of words completes a command's first positional word; empty for none.
-std::string WordList(const CLI::App& command)
+/// Which list of words completes each positional word of a command, empty for none.
+std::vector<std::string> WordLists(const CLI::App& command)
 {
-    constexpr std::pair<std::string_view, const char*> kLists[] = {{"NAME", "values"},    {"KEY", "keys"},
-                                                                   {"ZONE", "zones"},     {"FIREWALL", "firewalls"},
-                                                                   {"FILTER", "filters"}, {"SCHEME", "schemes"}};
+    constexpr std::pair<std::string_view, const char*> kLists[] = {
+        {"NAME", "values"},        {"KEY", "keys"},       {"ZONE", "zones"},
+        {"FIREWALL", "firewalls"}, {"FILTER", "filters"}, {"SCHEME", "schemes"},
+        {"SESSION", "sessions"},   {"FOLDER", "folders"}, {"OTHERSESSION", "sessions"}};
+    const bool isOfSession = command.get_parent()->get_name() == "session";
+    std::vector<std::string> lists;
     for (const CLI::Option* option : ShownOptions(command)) {
         if (!option->get_positional())
             continue;
+        lists.emplace_back();
         for (const auto& [word, list] : kLists)
             if (option->get_name(true) == word)
-                return list;
-        break;
+                lists.back() = isOfSession && word == "NAME" ? "session-values" : list;
     }
-    return {};
+    lists.resize(std::max<size_t>(lists.size(), 2));
+    return lists;
 }
 
 } // namespace
@@ -169,22 +174,25 @@ std::string BashCompletion(const CLI::App& app)
         if (const std::vector<const CLI::App*> commands = ShownCommands(*group); !commands.empty())
             cases += "    " + group->get_name() + ") words='" + Names(commands) + "' ;;\n";
     for (const CLI::App* command : AllCommands(app)) {
-        const std::string list = WordList(*command);
+        const std::vector<std::string> lists = WordLists(*command);
         cases += "    '" + PathOf(*command) + "') words='" + LongOptions(*command) + "'" +
-                 (list.empty() ? "" : " list=" + list) + " ;;\n";
+                 (lists[0].empty() ? "" : " list=" + lists[0]) + " ;;\n";
+        if (!lists[1].empty()) // a word was typed, and no more than one
+            cases += "    '" + PathOf(*command) + " '*' '*) ;;\n    '" + PathOf(*command) + " '*) list=" + lists[1] +
+                     " ;;\n";
     }
     return R"(# Completion of ostrandcfg for bash; made by "ostrandcfg --bash-completion".
 _ostrandcfg() {
     local cur=${COMP_WORDS[COMP_CWORD]} command='' words='' list='' form='%q\n' pass=() i
     for ((i = 1; i < COMP_CWORD; i++)); do
         case ${COMP_WORDS[i]} in
-        --config|--app) pass+=("${COMP_WORDS[i]}" "${COMP_WORDS[i + 1]}"); ((i++)) ;;
+        --config|--app|--modules) pass+=("${COMP_WORDS[i]}" "${COMP_WORDS[i + 1]}"); ((i++)) ;;
         -*) ;;
-        *) command+=${command:+ }${COMP_WORDS[i]} ;;
+        *) command+=${command:+ }${COMP_WORDS[i]//[[:space:]]/_} ;;
         esac
     done
     case ${COMP_WORDS[COMP_CWORD - 1]} in
-    --config) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- "$cur"); return ;;
+    --config|--modules) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- "$cur"); return ;;
     --app) mapfile -t COMPREPLY < <(compgen -W 'tessaly orvane quillo' -- "$cur"); return ;;
     esac
     case $command in
@@ -197,9 +205,15 @@ _ostrandcfg() {
            LongOptions(app) + R"(" -- "$cur")
     elif [[ -n $list ]]; then
         # Names hold blanks: one a line, escaped for the shell where no quote was typed.
-        [[ $cur != [\"\']* ]] || form='%s\n'
-        cur=${cur#[\"\']}
-        cur=${cur//\\/}
+        # A backslash parts the levels of paths: in quotes as it is, else typed twice.
+        if [[ $cur == [\"\']* ]]; then
+            form='%s\n'
+            cur=${cur#?}
+        else
+            cur=${cur//\\\\/$'\x01'}
+            cur=${cur//\\/}
+            cur=${cur//$'\x01'/\\}
+        fi
         mapfile -t COMPREPLY < <("${COMP_WORDS[0]}" "${pass[@]}" complete "$list" 2>/dev/null |
             while IFS= read -r name; do
                 [[ ${name,,} == "${cur,,}"* ]] && printf "$form" "$name"

@@ -3,7 +3,10 @@
 #include "tools/commands.h"
 #include "tools/definitions.h"
 #include "tools/help_pages.h"
+#include "tools/option_words.h"
 #include "tools/output.h"
+#include "tools/schema_pages.h"
+#include "tools/value_commands.h"
 
 #include <algorithm>
 #include <sstream>
@@ -11,63 +14,6 @@
 namespace ostrand::tool {
 
 namespace {
-
-// The parser takes some words for more than text: what begins with "-", also behind "--"; "[a,b]" and "{}" for lists of
-// its own; the empty word. They pass it with this mark in front.
-constexpr char kMark = '\x01';
-
-bool NeedsMark(const std::string& word)
-{
-    return word.empty() || word.front() == '[' || word.front() == '{' || word.front() == kMark;
-}
-
-std::vector<std::string> Marked(int argc, const char* const* argv)
-{
-    std::vector<std::string> words;
-    bool isLiteral = false;
-    for (int i = 1; i < argc; ++i) {
-        const std::string word = argv[i];
-        if (!isLiteral && word == "--")
-            isLiteral = true;
-        else
-            words.push_back(isLiteral || NeedsMark(word) ? kMark + word : word);
-    }
-    return words;
-}
-
-std::string Unmarked(const std::string& word) { return word.starts_with(kMark) ? word.substr(1) : word; }
-
-void AddWord(CLI::App& app, const char* name, std::string& target, const char* what, bool isRequired)
-{
-    const CLI::callback_t take = [&target](const CLI::results_t& words) {
-        target = Unmarked(words.back());
-        return true;
-    };
-    app.add_option(name, take, what)->required(isRequired);
-}
-
-/// All words of an option into the request's values.
-CLI::callback_t TakeWords(Request& request)
-{
-    return [&request](const CLI::results_t& words) {
-        request.values.clear();
-        std::transform(words.begin(), words.end(), std::back_inserter(request.values), Unmarked);
-        return true;
-    };
-}
-
-void AddName(CLI::App& app, Request& request)
-{
-    AddWord(app, "NAME", request.name, "Name of the value, in any case", true);
-}
-
-void AddNameAndValues(CLI::App& app, Request& request)
-{
-    AddName(app, request);
-    app.add_option("VALUE", TakeWords(request), "The value; words behind -- are taken as they are")
-        ->expected(0, -1)
-        ->allow_extra_args();
-}
 
 void AddForce(CLI::App& app, Request& request)
 {
@@ -135,15 +81,8 @@ void AddTwoPaths(CLI::App& app, Request& request)
 void AddTemplate(CLI::App& app, Request& request)
 {
     AddWord(app, "TEMPLATE", request.path, "The path with its tokens", true);
-    const auto addText = [&app](const char* name, std::optional<std::string>& target, const char* what) {
-        const CLI::callback_t take = [&target](const CLI::results_t& words) {
-            target = Unmarked(words.back());
-            return true;
-        };
-        app.add_option(name, take, what)->option_text("TEXT");
-    };
-    addText("--host", request.host, "What %H stands for");
-    addText("--session", request.session, "What %S stands for");
+    AddText(app, "--host", request.host, "What %H stands for", "TEXT");
+    AddText(app, "--session", request.session, "What %S stands for", "TEXT");
 }
 
 void AddLine(CLI::App& app, Request& request) { AddWord(app, "LINE", request.path, "The command line", true); }
@@ -164,14 +103,10 @@ void AddSecretForm(CLI::App& app, Request& request, const char* textOption)
         ->check(CLI::IsMember({0, 1, 2}))
         ->option_text("MODE");
     AddWord(app, "--name", request.name, "Name of the value, which is protected along; without it Firewall Password",
-            false);
-    app.get_option("--name")->option_text("NAME");
-    const CLI::callback_t take = [&request](const CLI::results_t& words) {
-        request.text = Unmarked(words.back());
-        return true;
-    };
-    app.add_option(textOption, take, "Take this text and read no input; other users can see it, and a shell keeps it")
-        ->option_text("TEXT");
+            false)
+        ->option_text("NAME");
+    AddText(app, textOption, request.text,
+            "Take this text and read no input; other users can see it, and a shell keeps it", "TEXT");
 }
 
 void AddPlainSecret(CLI::App& app, Request& request) { AddSecretForm(app, request, "--text"); }
@@ -180,11 +115,7 @@ void AddStoredSecret(CLI::App& app, Request& request) { AddSecretForm(app, reque
 
 void AddSessionOfMap(CLI::App& app, Request& request)
 {
-    const CLI::callback_t take = [&request](const CLI::results_t& words) {
-        request.session = Unmarked(words.back());
-        return true;
-    };
-    app.add_option("--session", take, "The map of this session, by its path")->option_text("PATH");
+    AddText(app, "--session", request.session, "The map of this session, by its path", "PATH");
 }
 
 void AddMap(CLI::App& app, Request& request)
@@ -219,17 +150,14 @@ void AddKeyToExplain(CLI::App& app, Request& request)
 
 void AddFields(CLI::App& app, Request& request)
 {
-    app.add_option("FIELD=VALUE", TakeWords(request), "Fields, by the names that show prints")
-        ->expected(0, -1)
-        ->allow_extra_args();
+    AddWords(app, "FIELD=VALUE", request, "Fields, by the names that show prints");
 }
 
 void AddSchemeFiles(CLI::App& app, Request& request)
 {
-    app.add_option("FILE", TakeWords(request), "Files with colour schemes, whatever program they come from")
+    AddWords(app, "FILE", request, "Files with colour schemes, whatever program they come from")
         ->required()
-        ->expected(1, -1)
-        ->allow_extra_args();
+        ->expected(1, -1);
     app.add_flag("--ansi", request.withAnsi, "Take the sixteen ANSI colours, too, from a file with one scheme");
 }
 
@@ -249,12 +177,12 @@ constexpr Command kCommands[] = {
      "global list                             all values\n"
      "global list --json | jq '.[].name'      for programs\n"
      "global list --app orvane                with the names that Orvane uses\n",
-     AddNothing, ListGlobal},
+     AddNothing, Of<ListValues, OpenGlobalRecord>},
     {"global", "get",
      "Prints one value: a text as it is, a list with one text a line, a structured value with one FIELD=VALUE a line.",
      "global get 'MRU Count'\n"
      "global get 'printer font v2' --json\n",
-     AddName, GetGlobal},
+     AddName, Of<GetValue, OpenGlobalRecord>},
     {"global", "set",
      "Sets one value and saves it, with the values that a rule changes along, and nothing else. A bool is true, false, "
      "1 or 0; a number is decimal or 0x; a list takes several words; a structured value takes FIELD=VALUE words and "
@@ -265,9 +193,9 @@ constexpr Command kCommands[] = {
      "global set 'Selected Termcap Entries' xterm 'vt220 wide'\n"
      "global set 'Printer Font v2' weight=700 face='DejaVu Sans Mono'\n"
      "global set 'Log File' -- -starts-with-a-dash.log\n",
-     AddNameAndValues, SetGlobal},
+     AddNameAndValues, Of<SetValue, OpenGlobalRecord>},
     {"global", "reset", "Writes a value's default. A block without a default is taken out of the store.",
-     "global reset 'MRU Count'\n", AddName, ResetGlobal},
+     "global reset 'MRU Count'\n", AddName, Of<ResetValue, OpenGlobalRecord>},
     {"global", "save", "Saves what is changed or pending, so that the store then holds every value.",
      "global save\n"
      "global save --force                     writes all values anew\n",
@@ -284,20 +212,31 @@ constexpr Command kCommands[] = {
      "stored; times of computed defaults are left out.",
      "global diff\n"
      "global diff --config /etc/skel/.config/hollowmere/Config\n",
-     AddNothing, DiffGlobal},
+     AddNothing, Of<DiffValues, OpenGlobalRecord>},
     {"", "explain",
      "Tells of one global value why it is what it is: where it is stored, also under an old name, or that it isn't "
      "yet; "
      "what corrected it; whether it is the default; and whether an administrator's policy locks it, and in which file.",
      "explain 'MRU Count'\n"
      "explain 'max columns' --json\n",
-     AddName, ExplainGlobal},
+     AddName, Of<ExplainValue, OpenGlobalRecord>},
     {"schema", "global",
      "Describes every global value: names, type, default, bounds, old names, what it means. Opens no store.",
      "schema global\n"
      "schema global --json\n"
      "schema global --markdown > docs/settings.md\n",
-     AddMarkdown, SchemaOfGlobal},
+     AddMarkdown, DescribeAs<GlobalPage>},
+    {"schema", "session", "Describes every value of a session but those of its terminal and its protocols.",
+     "schema session\n"
+     "schema session --markdown > docs/session-settings.md\n",
+     AddMarkdown, DescribeAs<SessionPage>},
+    {"schema", "terminal", "Describes every value of a session's terminal.",
+     "schema terminal\n"
+     "schema terminal --markdown > docs/terminal-settings.md\n",
+     AddMarkdown, DescribeAs<TerminalPage>},
+    {"schema", "firewall", "Describes the values of a firewall.", "schema firewall\n", AddMarkdown,
+     DescribeAs<FirewallPage>},
+    {"schema", "filter", "Describes the values of a filter.", "schema filter\n", AddMarkdown, DescribeAs<FilterPage>},
     {"store", "dump", "Shows the stored values below a key as they are, typed, whether this version knows them or not.",
      "store dump\n"
      "store dump Global --json\n",
@@ -406,6 +345,9 @@ constexpr Command kCommands[] = {
     {"complete", "values", "Names of all global values.", "", AddNothing, CompleteValues},
     {"complete", "keys", "Paths of all keys.", "", AddNothing, CompleteKeys},
     {"complete", "zones", "Names of all time zones.", "", AddNothing, CompleteZones},
+    {"complete", "sessions", "Paths of all sessions.", "", AddNothing, CompleteSessions},
+    {"complete", "folders", "Paths of all folders of sessions.", "", AddNothing, CompleteFolders},
+    {"complete", "session-values", "Names of all values of sessions.", "", AddNothing, CompleteSessionValues},
     {"complete", "firewalls", "Names of all firewalls.", "", AddNothing, CompleteOf<FirewallKind>},
     {"complete", "filters", "Names of all filters.", "", AddNothing, CompleteOf<FilterKind>},
     {"complete", "schemes", "Names of all colour schemes.", "", AddNothing, CompleteOf<SchemeKind>},
@@ -476,6 +418,8 @@ struct Group {
 };
 constexpr Group kGroups[] = {
     {"global", "Settings that are common to all sessions", false},
+    {"session", "Sessions: saved connections with all their settings", false},
+    {"protocol", "The protocols that sessions can use", false},
     {"schema", "What settings there are", false},
     {"store", "The stored values themselves", false},
     {"history", "Former versions of stored values", false},
@@ -553,8 +497,11 @@ void CommandLine::AddGlobalOptions()
     m_app.set_version_flag("--version", "ostrandcfg " OSTRAND_VERSION, "Print the version and exit");
     AddWord(m_app, "--config", m_request.folder,
             "Configuration folder; without it $XDG_CONFIG_HOME/hollowmere/Config, or ~/.config/hollowmere/Config",
-            false);
-    m_app.get_option("--config")->option_text("DIR");
+            false)
+        ->option_text("DIR");
+    AddWord(m_app, "--modules", m_request.modules,
+            "Folder with the protocol modules; without it $OSTRAND_MODULES, or protocols beside the tool", false)
+        ->option_text("DIR");
     m_app
         .add_option("--app", m_request.application,
                     "Application whose names are used: tessaly (default), orvane or quillo")
@@ -592,13 +539,14 @@ void CommandLine::AddCommands()
 
 void CommandLine::AddCommandsOf(std::string_view group, CLI::App& parent)
 {
-    for (const Command& command : kCommands) {
-        if (command.group != group)
-            continue;
-        CLI::App& app = AddCommand(parent, command.name, command.what, ExamplesFooter(command.examples));
-        app.callback([this, run = command.run] { m_action = run; });
-        command.addOptions(app, m_request);
-    }
+    for (const std::span<const Command> table : {std::span<const Command>(kCommands), SessionCommands()})
+        for (const Command& command : table) {
+            if (command.group != group)
+                continue;
+            CLI::App& app = AddCommand(parent, command.name, command.what, ExamplesFooter(command.examples));
+            app.callback([this, run = command.run] { m_action = run; });
+            command.addOptions(app, m_request);
+        }
 }
 
 void CommandLine::AddDefinitions()
@@ -627,7 +575,7 @@ void CommandLine::AddDefinitions()
 
 Exit CommandLine::Run(int argc, const char* const* argv)
 {
-    std::vector<std::string> words = Marked(argc, argv);
+    std::vector<std::string> words = MarkedWords(argc, argv);
     std::reverse(words.begin(), words.end()); // the parser takes them from the end
     try {
         m_app.parse(words);
@@ -635,9 +583,7 @@ Exit CommandLine::Run(int argc, const char* const* argv)
         m_app.exit(wanted);
         return Exit::Done;
     } catch (const CLI::ParseError& fault) {
-        std::string text = fault.what();
-        std::erase(text, kMark);
-        return Fail(Exit::Usage, text + "; see ostrandcfg --help");
+        return Fail(Exit::Usage, WithoutMarks(fault.what()) + "; see ostrandcfg --help");
     }
     if (m_wantsMan)
         return Print(ManPage(m_app));

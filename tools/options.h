@@ -9,6 +9,7 @@
 #include <CLI/Formatter.hpp>
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,9 @@ struct Command {
     void (*addOptions)(CLI::App&, Request&);
     Action run;
 };
+
+/// The commands of the groups session and protocol; the others stand in options.cpp.
+std::span<const Command> SessionCommands();
 
 /// The whole command line. Not copied: the tree's options write into the request.
 class CommandLine {

@@ -28,11 +28,16 @@ struct Request {
     bool withAnsi = false;
     bool defaults = false; ///< the built-in key map
     bool asUnicode = false;
-    std::string name; ///< of a value or definition
-    std::string key;  ///< path below the store's root, empty for the root
+    bool asTree = false;
+    bool showAll = false;
+    bool preview = false;
+    std::string modules; ///< folder of protocol modules; empty for the usual one
+    std::string name;    ///< of a value or definition
+    std::string key;     ///< path below the store's root, empty for the root
     std::vector<std::string> values;
-    std::string path; ///< or a template of one, or a command line
-    std::string tail; ///< joined behind the path; a new name
+    std::string path; ///< or a template of one, or a command line; of a session, below the key of all sessions
+    std::string tail; ///< joined behind the path; a new name; another session
+    std::string like; ///< the session that a new one begins as
     std::optional<std::string> host;
     std::optional<std::string> session;
     std::string form;                ///< in which a secret is stored

@@ -41,4 +41,18 @@ Exit ReadInput(VUnicodeString& text)
     return FromUtf8(bytes, text) ? Exit::Done : Fail(Exit::Failed, "standard input is no UTF-8 text");
 }
 
+Exit TakeSecretWord(const std::string& field, const std::string& how, std::string& word)
+{
+    if (word.empty())
+        return Exit::Done;
+    if (word != "-")
+        return Fail(Exit::Usage, Cited(field) + " is a secret: write '" + Plain(how) +
+                                     "' and put it on standard input, where nobody sees it");
+    VUnicodeString text;
+    if (const Exit read = ReadInput(text); read != Exit::Done)
+        return read;
+    word = Lossless(text);
+    return Exit::Done;
+}
+
 } // namespace ostrand::tool

@@ -10,4 +10,8 @@ namespace ostrand::tool {
 /// UTF-8, or above 1 MiB.
 Exit ReadInput(VUnicodeString& text);
 
+/// A secret as it was given for the field of this name: "-" is replaced by what standard input holds, the empty word
+/// stays. Usage, after one line on stderr that asks for `how` instead, for any other.
+Exit TakeSecretWord(const std::string& field, const std::string& how, std::string& word);
+
 } // namespace ostrand::tool

@@ -1,8 +1,10 @@
 #include "tools/value_json.h"
 
 #include "config/global/color_scheme_list.h"
+#include "keymap/profile_keymap.h"
 #include "profile/schema.h"
 #include "profile/time_value.h"
+#include "tools/binding_text.h"
 #include "tools/text.h"
 #include "tools/value_fields.h"
 #include "tools/words.h"
@@ -166,6 +168,32 @@ Outcome Set(VProfileStringList& value, const VSchemaEntry&, Words words)
     return std::nullopt;
 }
 
+/// One text with a line feed between lines, whatever ends them in the store.
+Json ToJson(const VProfileMultiLineString& value)
+{
+    std::string text;
+    for (const VUnicodeString& line : value.Value())
+        text += (&line == value.Value().begin() ? "" : "\n") + Lossless(line);
+    return text;
+}
+
+/// A word that holds line feeds, or a line in each word.
+Outcome Set(VProfileMultiLineString& value, const VSchemaEntry&, Words words)
+{
+    VUnicodeString text, line;
+    for (const std::string& word : words) {
+        if (!FromUtf8(word, line))
+            return Refusal{"lines of text", Cited(word)};
+        text += &word == words.data() ? u"" : u"\n";
+        text += line;
+    }
+    if (text.IsEmpty())
+        value = VStringArray();
+    else
+        value.SetText(text.c_str());
+    return std::nullopt;
+}
+
 Json ToJson(const VProfileTime& value)
 {
     VUnicodeString text;
@@ -289,6 +317,21 @@ Outcome Set(ProfileColorSchemeList&, const VSchemaEntry&, Words words)
     return Refusal{"changes by the commands scheme set, new, rename and delete", Given(words)};
 }
 
+/// One line for each own binding; the key map itself has commands of its own.
+Json ToJson(const ProfileKeymap& map)
+{
+    Json lines = Json::array();
+    ForEachBinding(map, [&lines](unsigned index, const Binding& binding) {
+        lines.push_back(KeyCombinationText(index) + " -> " + ActionText(binding));
+    });
+    return lines;
+}
+
+Outcome Set(ProfileKeymap&, const VSchemaEntry&, Words words)
+{
+    return Refusal{"its bindings from key map files, see keymap list and keymap convert", Given(words)};
+}
+
 /// One class of values: both ways of its objects.
 struct ValueKind {
     VValueClass type;
@@ -322,6 +365,8 @@ constexpr std::array kKinds = {
     Kind<VProfileTime>(VValueClass::Time),
     Kind<VProfileBlob>(VValueClass::Blob),
     Kind<ProfileColorSchemeList>(VValueClass::ColorSchemes),
+    Kind<VProfileMultiLineString>(VValueClass::MultiLine),
+    Kind<ProfileKeymap>(VValueClass::Keymap),
     Kind<VProfileEncodedString>(VValueClass::Encoded),
     Kind<VProfileBlowfishString>(VValueClass::Encrypted),
 };

@@ -10,8 +10,6 @@ namespace ostrand {
 
 namespace {
 
-/// Holds a definition while its name changes in case alone; no one types it.
-constexpr const char16_t* kPassingName = u"\u0001renamed";
 
 } // namespace
 
@@ -69,15 +67,9 @@ bool DefinitionStore::Rename(std::u16string_view from, std::u16string_view to, I
         return Fail(report, kNameUnknown, m_noun, from);
     if (from == to)
         return true;
-    if (!EqualNoCase(from, to))
-        return CheckNewName(to, report) && Move(from, to, report);
-    if (!CheckName(to, report) || !Move(from, kPassingName, report))
+    if (EqualNoCase(from, to) ? !CheckName(to, report) : !CheckNewName(to, report))
         return false;
-    if (Move(kPassingName, to, report))
-        return true;
-    VReportMessageParams ignored;
-    Move(kPassingName, from, ignored);
-    return false;
+    return MoveKey(VProfileStore(), PathOf(from), PathOf(to), report);
 }
 
 bool DefinitionStore::CheckNewName(std::u16string_view name, IReportMessageParams& report) const
@@ -95,23 +87,6 @@ bool DefinitionStore::CheckName(std::u16string_view name, IReportMessageParams& 
     if (name.find(u'\\') != std::u16string_view::npos)
         return Fail(report, kNameIllegalCharacter, m_noun, u"\\");
     return true;
-}
-
-bool DefinitionStore::Move(std::u16string_view from, std::u16string_view to, IReportMessageParams& report) const
-{
-    const VProfileStore store;
-    const VUnicodeString fromPath = PathOf(from);
-    const VUnicodeString toPath = PathOf(to);
-    bool isCopied = false;
-    {
-        const VProfileKey old(store.GetRootKey(), fromPath.c_str());
-        VProfileKey copy(store.GetRootKey(), toPath.c_str());
-        isCopied = CopyKey(old, copy, report);
-    }
-    if (isCopied && Delete(from, report))
-        return true;
-    store.GetRootKey()->DeleteKey(toPath.c_str());
-    return false;
 }
 
 } // namespace ostrand

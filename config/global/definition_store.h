@@ -34,7 +34,6 @@ public:
 
 private:
     bool CheckName(std::u16string_view name, IReportMessageParams& report) const;
-    bool Move(std::u16string_view from, std::u16string_view to, IReportMessageParams& report) const;
 
     const char16_t* m_rootKey;
     const char16_t* m_noun;

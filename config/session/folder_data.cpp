@@ -43,7 +43,7 @@ const VSchema<ProfileFolderData>& ProfileFolderData::Schema()
     return schema;
 }
 
-ProfileFolderData::ProfileFolderData(std::u16string_view folder, bool sort)
+ProfileFolderData::ProfileFolderData(std::u16string_view folder, bool sort, bool onlyLooks)
     : dataKeyPath(JoinKeys(BuildSessionKeyPath(folder), kFolderDataKey)),
       sortAlphabetical(sort)
 {
@@ -59,7 +59,9 @@ ProfileFolderData::ProfileFolderData(std::u16string_view folder, bool sort)
     }
     const bool areSessionsChanged = MergeFolderList(sessionList, foundSessions, orderedSessions);
     const bool areFoldersChanged = MergeFolderList(folderList, foundFolders, orderedFolders);
-    if (!isMissing && !areSessionsChanged && !areFoldersChanged)
+    if (isMissing && onlyLooks)
+        load(nullptr);
+    if (onlyLooks || (!isMissing && !areSessionsChanged && !areFoldersChanged))
         return;
     const VProfileStore writable;
     const VProfileKey made(writable.GetRootKey(), dataKeyPath.c_str());

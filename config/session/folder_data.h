@@ -21,8 +21,8 @@ public:
 
     /// Looks into the default store. `folder` is a path below `Sessions`, empty for the top level. Where the lists had
     /// to be brought in line with the keys, the key of the folder's data is made, with the folder if need be; nothing
-    /// is written to it. `sort` is kept for the caller.
-    ProfileFolderData(std::u16string_view folder, bool sort);
+    /// is written to it. Who only looks makes none. `sort` is kept for the caller.
+    ProfileFolderData(std::u16string_view folder, bool sort, bool onlyLooks = false);
 
     /// Stores the ordered lists, and `isExpanded`, where they changed or the store lacks them. False when the store
     /// refused: `report` says why, and the writes stay queued there.

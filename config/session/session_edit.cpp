@@ -140,6 +140,14 @@ const VSchemaEntry* FirstRuleThatChanges(SessionConfig& session, C& record, std:
     return nullptr;
 }
 
+template <class C>
+void RunRules(C& record)
+{
+    for (const VSchemaRow<C>& row : C::Schema().Rows())
+        if (row.IsRule())
+            row.merge(record, row, nullptr);
+}
+
 } // namespace
 
 std::optional<VValueClass> ClassOfValue(const VProfileData& value)
@@ -176,6 +184,12 @@ const VSchemaEntry* SettleSessionEdit(SessionConfig& session, std::u16string_vie
 {
     const VSchemaEntry* const refused = FirstRuleThatChanges<SessionValues>(session, session, editedName);
     return refused ? refused : FirstRuleThatChanges(session, session.terminal, editedName);
+}
+
+void RunSessionRules(SessionConfig& session)
+{
+    RunRules<SessionValues>(session);
+    RunRules(session.terminal);
 }
 
 bool SaveSessionValues(SessionConfig& session, std::span<const VUnicodeString> names, VProfileKey& key,

@@ -34,6 +34,9 @@ OSTRAND_API std::optional<VValueClass> ClassOfValue(const VProfileData& value);
 /// back, if one did.
 OSTRAND_API const VSchemaEntry* SettleSessionEdit(SessionConfig& session, std::u16string_view editedName);
 
+/// Runs the record's rules, for an edit of several values; who needs to know compares.
+OSTRAND_API void RunSessionRules(SessionConfig& session);
+
 /// Writes the named values, and no others, and flushes the key.
 OSTRAND_API bool SaveSessionValues(SessionConfig& session, std::span<const VUnicodeString> names, VProfileKey& key,
                                    IReportMessageParams& report);

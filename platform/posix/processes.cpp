@@ -108,6 +108,8 @@ public:
     }
 
     bool IsProductExecutable(const std::string& path, unsigned) override { return IsRegularFile(path); }
+
+    bool IsErrorTerminal() override { return isatty(STDERR_FILENO) != 0; }
 };
 
 constinit Forever<PosixProcesses> g_processes;

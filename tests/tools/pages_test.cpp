@@ -18,6 +18,8 @@ TEST(ToolPages, AreFresh)
         std::vector<std::string> command;
     } const pages[] = {
         {"docs/settings.md", {"schema", "global", "--markdown"}},
+        {"docs/session-settings.md", {"schema", "session", "--markdown"}},
+        {"docs/terminal-settings.md", {"schema", "terminal", "--markdown"}},
         {"docs/ostrandcfg.1", {"--man-page"}},
         {"tools/completion/ostrandcfg.bash", {"--bash-completion"}},
     };
@@ -80,6 +82,13 @@ TEST(ToolPages, BashCompletesCommandsNamesAndKeys)
     EXPECT_EQ(Completions("--app orvane global get 'show men'"), "Show\\ Menu\\ Bar\\ OVN\n");
     EXPECT_EQ(Completions("--app or"), "orvane\n");
     EXPECT_EQ(Completions("global merge --config '" + folder.Path() + "' b"), "Branch\\ Office\n");
+    folder.Write("Sessions/Lab/Core 1.ini", "Is Session = 1\n");
+    const std::string session = "--config '" + folder.Path() + "' session get ";
+    EXPECT_EQ(Completions(session + "'lab'"), "Lab\\\\Core\\ 1\n");
+    EXPECT_EQ(Completions(session + "'Lab\\\\Core\\ '"), "Lab\\\\Core\\ 1\n");
+    EXPECT_EQ(Completions(session + "\"'Lab\\\\C\""), "Lab\\Core 1\n");
+    EXPECT_EQ(Completions(session + "'Lab\\\\Core\\ 1' scrollb"), "Scrollback\n");
+    EXPECT_EQ(Completions(session + "a b scrollb"), "\n");
 }
 
 } // namespace

@@ -3,22 +3,24 @@ _ostrandcfg() {
     local cur=${COMP_WORDS[COMP_CWORD]} command='' words='' list='' form='%q\n' pass=() i
     for ((i = 1; i < COMP_CWORD; i++)); do
         case ${COMP_WORDS[i]} in
-        --config|--app) pass+=("${COMP_WORDS[i]}" "${COMP_WORDS[i + 1]}"); ((i++)) ;;
+        --config|--app|--modules) pass+=("${COMP_WORDS[i]}" "${COMP_WORDS[i + 1]}"); ((i++)) ;;
         -*) ;;
-        *) command+=${command:+ }${COMP_WORDS[i]} ;;
+        *) command+=${command:+ }${COMP_WORDS[i]//[[:space:]]/_} ;;
         esac
     done
     case ${COMP_WORDS[COMP_CWORD - 1]} in
-    --config) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- "$cur"); return ;;
+    --config|--modules) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- "$cur"); return ;;
     --app) mapfile -t COMPREPLY < <(compgen -W 'tessaly orvane quillo' -- "$cur"); return ;;
     esac
     case $command in
-    '') words='firewall filter scheme global schema store history path keymap sync secret timezone explain' ;;
+    '') words='firewall filter scheme global session protocol schema store history path keymap sync secret timezone explain' ;;
     firewall) words='list show set new rename delete' ;;
     filter) words='list show set new rename delete' ;;
     scheme) words='list show set new rename delete import' ;;
     global) words='list get set reset save merge diff' ;;
-    schema) words='global' ;;
+    session) words='list show get set reset explain new clone rename delete summary diff actions apply undo' ;;
+    protocol) words='list' ;;
+    schema) words='global session terminal firewall filter' ;;
     store) words='dump check' ;;
     history) words='list show diff restore' ;;
     path) words='join split expand check executable' ;;
@@ -52,7 +54,37 @@ _ostrandcfg() {
     'global save') words='--help --force' ;;
     'global merge') words='--help --write' list=keys ;;
     'global diff') words='--help' ;;
+    'session list') words='--help --tree' list=folders ;;
+    'session show') words='--help --all' list=sessions ;;
+    'session get') words='--help' list=sessions ;;
+    'session get '*' '*) ;;
+    'session get '*) list=session-values ;;
+    'session set') words='--help' list=sessions ;;
+    'session set '*' '*) ;;
+    'session set '*) list=session-values ;;
+    'session reset') words='--help' list=sessions ;;
+    'session reset '*' '*) ;;
+    'session reset '*) list=session-values ;;
+    'session explain') words='--help' list=sessions ;;
+    'session explain '*' '*) ;;
+    'session explain '*) list=session-values ;;
+    'session new') words='--help --like' ;;
+    'session clone') words='--help' list=sessions ;;
+    'session rename') words='--help' list=sessions ;;
+    'session delete') words='--help --force' list=sessions ;;
+    'session summary') words='--help' list=sessions ;;
+    'session diff') words='--help' list=sessions ;;
+    'session diff '*' '*) ;;
+    'session diff '*) list=sessions ;;
+    'session actions') words='--help --reveal' list=sessions ;;
+    'session apply') words='--help --preview --folder' ;;
+    'session undo') words='--help' ;;
+    'protocol list') words='--help' ;;
     'schema global') words='--help --markdown' ;;
+    'schema session') words='--help --markdown' ;;
+    'schema terminal') words='--help --markdown' ;;
+    'schema firewall') words='--help --markdown' ;;
+    'schema filter') words='--help --markdown' ;;
     'store dump') words='--help' list=keys ;;
     'store check') words='--help --repair' list=keys ;;
     'history list') words='--help' list=keys ;;
@@ -77,12 +109,18 @@ _ostrandcfg() {
     'explain') words='--help' list=values ;;
     esac
     if [[ $cur == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$words --help --version --config --app --json" -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W "$words --help --version --config --modules --app --json" -- "$cur")
     elif [[ -n $list ]]; then
         # Names hold blanks: one a line, escaped for the shell where no quote was typed.
-        [[ $cur != [\"\']* ]] || form='%s\n'
-        cur=${cur#[\"\']}
-        cur=${cur//\\/}
+        # A backslash parts the levels of paths: in quotes as it is, else typed twice.
+        if [[ $cur == [\"\']* ]]; then
+            form='%s\n'
+            cur=${cur#?}
+        else
+            cur=${cur//\\\\/$'\x01'}
+            cur=${cur//\\/}
+            cur=${cur//$'\x01'/\\}
+        fi
         mapfile -t COMPREPLY < <("${COMP_WORDS[0]}" "${pass[@]}" complete "$list" 2>/dev/null |
             while IFS= read -r name; do
                 [[ ${name,,} == "${cur,,}"* ]] && printf "$form" "$name"

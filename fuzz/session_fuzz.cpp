@@ -4,8 +4,10 @@
 //   input = [ "D" ] { line "\n" }       "D": the session is called Default
 //   line  = place place kind content    the two characters name one of the record's values; kind, content:
 //                                       fuzz/typed_values.h
+#include "config/session/none_config.h"
 #include "config/session/session_edit.h"
 #include "core/entry.h"
+#include "core/product.h"
 #include "fuzz/typed_values.h"
 #include "platform/platform.h"
 #include "tests/support/memory_files.h"
@@ -22,6 +24,21 @@ namespace {
 constexpr std::u16string_view kKey = u"Sessions\\Default";
 
 MemoryStoreFactory* g_factory = nullptr;
+
+/// One protocol for each side, without settings: the default session's empty name would become "None" at a second
+/// reading.
+void AddProtocols()
+{
+    for (const auto& [product, name] : {std::pair(kProductTessaly, u"SSH2"), std::pair(kProductOrvane, u"SFTP")}) {
+        ConnectProtocolTableElement row;
+        row.productId = product;
+        row.name = name;
+        row.createConfig = [](const VProfileKey*, ICommonConfig*, ConnectProtocolTableElement*) -> ConnectConfig* {
+            return new NoneConfig;
+        };
+        GetConnectProtocolTable().Append(row);
+    }
+}
 
 const std::vector<std::u16string>& Names()
 {
@@ -78,6 +95,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     MemoryStoreFactory factory;
     g_factory = &factory;
     OstrandUiInitProfileFactory([]() -> VProfileStoreFactory* { return g_factory; });
+    if (GetConnectProtocolTable().IsEmpty())
+        AddProtocols();
     GlobalConfig* config = nullptr;
     ResetGlobalConfig(config);
     const bool isDefault = input.starts_with('D');

@@ -22,6 +22,10 @@ const char* StateText(VProtocolState state)
         return "refused by policy";
     case VProtocolState::NotEnabled:
         return "not enabled";
+    case VProtocolState::NotLoadable:
+        return "not loadable";
+    case VProtocolState::OtherContract:
+        return "made for another version";
     case VProtocolState::Failed:
         break;
     }
@@ -39,7 +43,7 @@ Exit ListProtocols(const Request& request)
     Json list = Json::array();
     std::vector<std::vector<std::string>> rows = {{"PROTOCOL", "PRODUCT", "STATE", "MODULE"}};
     for (const VProtocolRecord& record : GetProtocolRecords()) {
-        const std::string reason = record.state == VProtocolState::Failed ? Lossless(record.reason) : "";
+        const std::string reason = Lossless(record.reason);
         list.push_back({{"name", Lossless(record.name)},
                         {"product", Lossless(GetProductName(record.productId))},
                         {"state", StateText(record.state)},

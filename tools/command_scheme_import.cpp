@@ -1,11 +1,10 @@
 // scheme import
 #include "core/messages.h"
 #include "imports/scheme_import.h"
-#include "platform/error_codes.h"
-#include "platform/platform.h"
 #include "tools/commands.h"
 #include "tools/config_folder.h"
 #include "tools/global_record.h"
+#include "tools/import_file.h"
 #include "tools/json_writer.h"
 #include "tools/output.h"
 
@@ -13,21 +12,13 @@ namespace ostrand::tool {
 
 namespace {
 
-std::string FaultText(const std::string& file, const ImportFault& fault)
-{
-    return PlaceText({file, fault.line}) + ": " + Lossless(fault.text);
-}
-
 /// All schemes of all files, or one line on stderr.
 Exit ReadFiles(const std::vector<std::string>& files, std::vector<ImportedScheme>& schemes)
 {
     for (const std::string& file : files) {
         std::string bytes;
-        VFileInfo info;
-        const unsigned code = Platform().files->ReadWhole(file, kMaxImportBytes + 1, bytes, info);
-        VReportMessageParams report(code, LibraryModule());
-        if (code != kErrorSuccess)
-            return Fail(Exit::Failed, file + ": " + ReportText(report));
+        if (const Exit read = ReadImportFile(file, bytes); read != Exit::Done)
+            return read;
         VUnicodeString name;
         FromUtf8(file, name);
         SchemeImport import;

@@ -18,6 +18,7 @@ Exit DiffSessions(const Request& request);
 Exit ShowLogonActions(const Request& request);
 Exit ApplyToAll(const Request& request);
 Exit UndoApply(const Request& request);
+Exit ImportSessions(const Request& request);
 Exit ListProtocols(const Request& request);
 Exit ImportSchemeFiles(const Request& request);
 Exit ShowSynchronizeTasks(const Request& request);

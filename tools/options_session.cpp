@@ -82,6 +82,19 @@ void AddChanges(CLI::App& app, Request& request)
     AddWord(app, "--folder", request.path, "Only the sessions below this folder", false)->option_text("FOLDER");
 }
 
+void AddImport(CLI::App& app, Request& request)
+{
+    app.add_option("--from", request.form, "ssh-config or putty, a registry export")
+        ->required()
+        ->check(CLI::IsMember({"ssh-config", "putty"}))
+        ->option_text("PROGRAM");
+    AddWord(app, "FILE", request.tail, "The file to read", true);
+    AddWord(app, "--folder", request.path, "Put the sessions below this folder, which is made where it is missing",
+            false)
+        ->option_text("FOLDER");
+    app.add_flag("--dry-run", request.preview, "Write nothing, and show what would be imported");
+}
+
 void AddNothing(CLI::App&, Request&) {}
 
 constexpr Command kCommands[] = {
@@ -146,6 +159,13 @@ constexpr Command kCommands[] = {
      AddChanges, ApplyToAll},
     {"session", "undo", "Takes the last session apply back. A value that was changed since stays, and is told.",
      "session undo\n", AddNothing, UndoApply},
+    {"session", "import",
+     "Makes sessions of what another program has: of the hosts of an OpenSSH client configuration, or of the saved "
+     "sessions of PuTTY as the registry exports them. All are made, or none; one whose name is taken gets a number. "
+     "What could not be taken over is told.",
+     "session import --from ssh-config ~/.ssh/config --folder Servers --dry-run\n"
+     "session import --from putty putty.reg\n",
+     AddImport, ImportSessions},
     {"protocol", "list", "Lists the protocols with their modules: which are loaded, and why others aren't.",
      "protocol list\n"
      "protocol list --modules /opt/tessaly/protocols --app quillo\n",

@@ -36,11 +36,11 @@ struct Request {
     std::string key;     ///< path below the store's root, empty for the root
     std::vector<std::string> values;
     std::string path; ///< or a template of one, or a command line; of a session, below the key of all sessions
-    std::string tail; ///< joined behind the path; a new name; another session
+    std::string tail; ///< joined behind the path; a new name; another session; a file
     std::string like; ///< the session that a new one begins as
     std::optional<std::string> host;
     std::optional<std::string> session;
-    std::string form;                ///< in which a secret is stored
+    std::string form;                ///< in which a secret is stored; the program of an import
     unsigned mode = 0;               ///< of the cipher
     std::optional<std::string> text; ///< given as an argument, instead of on standard input
     std::string zone;

@@ -10,7 +10,6 @@ namespace ostrand {
 
 namespace {
 
-
 } // namespace
 
 VUnicodeString DefinitionStore::PathOf(std::u16string_view name) const { return JoinKeys(m_rootKey, name); }

@@ -171,7 +171,7 @@ TEST_F(ToolSession, AProtocolIsSelectedWithItsValues)
     broken.Write("ProtoDelta.so", "no module");
     m_modules = broken.Path();
     const json failed = *Named(json::parse(Run({"protocol", "list", "--json"}).out), "Telnet");
-    EXPECT_EQ(failed["state"], "failed");
+    EXPECT_EQ(failed["state"], "not loadable");
     EXPECT_FALSE(failed["reason"].is_null());
     const ToolRun absent = Run({"session", "set", "R", "Protocol Name", "SSH2"});
     EXPECT_EQ(absent.code, 0) << "the name is kept for those who have the module";
@@ -289,6 +289,31 @@ TEST_F(ToolSession, ApplyIsPreviewedDoneAndUndone)
                    {{"apply", "Protocol Name=SSH9"}, "did you mean 'SSH2'?"},
                    {{"apply", "Cols=132", "--folder", "Lub"}, "there is no folder 'Lub'; did you mean 'Lab'?"}});
     EXPECT_EQ(Run({"session", "apply", "Scrollback"}).code, 2);
+}
+
+TEST_F(ToolSession, AnImportMakesWhatItShowsBefore)
+{
+    Write("Default.ini", "Is Session = 1\nScrollback = 5000\n");
+    Write("Lab/gate.ini", "Is Session = 1\n");
+    m_folder.Write("config", "Host gate\n  HostName gate.example.net\n  Port 2222\n  User ann\n  Compression yes\n"
+                             "Host *.lab\n  User root\nHost a.lab\n");
+    const std::string file = m_folder.Path() + "/config";
+    const std::vector<std::string> words = {"session", "import", "--from", "ssh-config", file, "--folder", "lab"};
+    std::vector<std::string> dry = words;
+    dry.emplace_back("--dry-run");
+    const std::vector<std::string> files = Files();
+    EXPECT_THAT(Run(dry).out,
+                AllOf(testing::ContainsRegex("Lab.gate \\(2\\) +SSH2 +ann@gate.example.net:2222\n"),
+                      testing::ContainsRegex("Lab.a.lab +SSH2 +root@a.lab\n"), HasSubstr("Would import 2 sessions."),
+                      HasSubstr("not taken over: Compression, 1 times, first in line 5\n")));
+    EXPECT_EQ(Files(), files);
+    EXPECT_THAT(Run(words).out, HasSubstr("Imported 2 sessions."));
+    EXPECT_EQ(Out({"session", "get", "Lab\\gate (2)", "SSH2 Port"}), "2222\n");
+    EXPECT_EQ(Out({"session", "get", "Lab\\a.lab", "Scrollback"}), "5000\n");
+    EXPECT_EQ(OutJson({"session", "list", "Lab"}).size(), 3u);
+    ExpectRefused({{{"import", "--from", "putty", file}, "config"},
+                   {{"import", "--from", "ssh-config", file + "x"}, "configx: "},
+                   {{"import", "--from", "ssh-config", file, "--folder", "a:b"}, "illegal character"}});
 }
 
 } // namespace

@@ -18,7 +18,7 @@ _ostrandcfg() {
     filter) words='list show set new rename delete' ;;
     scheme) words='list show set new rename delete import' ;;
     global) words='list get set reset save merge diff' ;;
-    session) words='list show get set reset explain new clone rename delete summary diff actions apply undo' ;;
+    session) words='list show get set reset explain new clone rename delete summary diff actions apply undo import' ;;
     protocol) words='list' ;;
     schema) words='global session terminal firewall filter' ;;
     store) words='dump check' ;;
@@ -79,6 +79,7 @@ _ostrandcfg() {
     'session actions') words='--help --reveal' list=sessions ;;
     'session apply') words='--help --preview --folder' ;;
     'session undo') words='--help' ;;
+    'session import') words='--help --from --folder --dry-run' ;;
     'protocol list') words='--help' ;;
     'schema global') words='--help --markdown' ;;
     'schema session') words='--help --markdown' ;;

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Fails on an include that points upwards, on a toolkit's header outside platform/qt, and on a system switch outside
 # platform/. Lowest first: platform, core, profile, keymap, config, imports; stores stand on profile, imports on them,
-# dialogs on config.
+# dialogs on config, platform/qt on dialogs/kit.
 set -u
 cd "$(dirname "$0")/.."
 found=0
@@ -9,13 +9,17 @@ found=0
 # may FOLDER "FOLDERS": what FOLDER includes by a path from the root comes from one of these.
 may() {
     local allowed=${2// /|}
-    if grep -rnE '^#include "[^"]+/' "$1" --include='*.h' --include='*.cpp' | grep -vE "#include \"($allowed)/" |
+    if grep -rnHE '^#include "[^"]+/' "$1" --include='*.h' --include='*.cpp' | grep -vE "#include \"($allowed)/" |
         grep -vE '^core/entry\.(h|cpp):'; then # entry points call upwards: they are the top of the library
         echo "^ $1 includes only: $2"
         found=1
     fi
 }
-may platform "platform core"
+for header in platform/*.h; do
+    may "$header" "platform core"
+done
+may platform/posix "platform core"
+may platform/qt "platform/qt dialogs/kit keymap profile core"
 may core "core platform"
 may profile "profile core platform"
 may keymap "keymap profile core platform"

@@ -25,6 +25,6 @@ struct VModuleState {
 };
 
 /// The configuration is released without saving when the library goes.
-VModuleState& ModuleState();
+OSTRAND_API VModuleState& ModuleState();
 
 } // namespace ostrand

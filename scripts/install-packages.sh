@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing: for "build" what building the tool needs, for "test" all that ./test
-# needs beside that. Does nothing, and asks for no rights, where all are there.
+# Installs the Debian packages that are missing: for "build" what building the tool needs, for "qt" what the view of the
+# dialogs needs, for "test" all that ./test needs beside that. Does nothing, and asks for no rights, where all are there.
 set -eu
 build="g++ cmake ninja-build pkg-config libsodium-dev libcli11-dev nlohmann-json3-dev"
 test="libgtest-dev libgmock-dev clang-format-19 clang-tidy-19 ccache ncurses-term python3"
+qt="qt6-base-dev fonts-dejavu-core"
 case ${1:-} in
 build) wanted=$build ;;
-test) wanted="$build $test" ;;
-*) echo "usage: scripts/install-packages.sh build|test" >&2; exit 2 ;;
+qt) wanted="$build $qt" ;;
+test) wanted="$build $qt $test" ;;
+*) echo "usage: scripts/install-packages.sh build|qt|test" >&2; exit 2 ;;
 esac
 
 missing=()

@@ -41,6 +41,7 @@ public:
     void PostToSelf(std::function<void()> task) { m_posted.push_back(std::move(task)); }
     /// For the one who runs the loop.
     void RunPosted();
+    bool HasPosted() const { return !m_posted.empty(); }
 
     /// Makes the controls wide enough for the longest of the texts.
     void ResizeElements(std::initializer_list<VControlId> controls, std::initializer_list<VUnicodeString> texts);

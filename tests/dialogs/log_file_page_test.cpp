@@ -2,6 +2,7 @@
 #include "dialogs/session/log_file_page.h"
 
 #include "core/messages.h"
+#include "tests/dialogs/log_record.h"
 #include "tests/support/page_driver.h"
 
 #include <gtest/gtest.h>
@@ -10,21 +11,6 @@ namespace ostrand::test {
 namespace {
 
 using P = SessionLogFilePage;
-
-class LogRecord {
-public:
-    VProfileString logFilename;
-    VProfile<bool> logPrompt, startLogUponConnect, rawLog, newLogFileAtMidnight;
-    VProfile<int> logMode;
-    VProfileString connect, disconnect, eachLine;
-    VProfile<bool> logOnlyCustom;
-
-    LogFileValues Values()
-    {
-        return {logFilename, logPrompt, startLogUponConnect, rawLog,   newLogFileAtMidnight,
-                logMode,     connect,   disconnect,          eachLine, logOnlyCustom};
-    }
-};
 
 TEST(LogFilePage, AMidnightLogNeedsTheDayInItsName)
 {

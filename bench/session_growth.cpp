@@ -101,6 +101,7 @@ public:
         for (int i = 0; i < sessions; ++i)
             fs::copy_file(sample, m_root / "Sessions" / ("Folder " + std::to_string(i % kFolders)) /
                                       ("Router " + std::to_string(i / kFolders) + ".ini"));
+        sync(); // what is measured is not the writing of this store
     }
     ~GrowingStore()
     {

@@ -56,10 +56,11 @@ inline constexpr unsigned kModuleMissing = 0x61370003;
 inline constexpr unsigned kModuleNotLoaded = 0xe1370004;       // path, the platform's text or the missing function
 inline constexpr unsigned kModuleContractDiffers = 0xe1370006; // path
 inline constexpr unsigned kModuleLoadingStopped = 0xe1370007;
-inline constexpr unsigned kNoModuleLoaded = 0xe1370008;      // folder, application
-inline constexpr unsigned kModuleFailed = 0xe1370009;        // path, product, protocol, the cause's text
-inline constexpr unsigned kKeymapFileFailed = 0xe1370001;    // path, reasons
-inline constexpr unsigned kKeymapFileHasErrors = 0xa1370002; // path, reasons; the good lines are taken
+inline constexpr unsigned kNoModuleLoaded = 0xe1370008;       // folder, application
+inline constexpr unsigned kModuleFailed = 0xe1370009;         // path, product, protocol, the cause's text
+inline constexpr unsigned kProtocolNotAvailable = 0xe137000b; // protocol
+inline constexpr unsigned kKeymapFileFailed = 0xe1370001;     // path, reasons
+inline constexpr unsigned kKeymapFileHasErrors = 0xa1370002;  // path, reasons; the good lines are taken
 
 /// One row of the library's own table.
 struct VMessageText {

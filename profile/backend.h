@@ -94,5 +94,7 @@ public:
 using VProfileStoreFactoryGetter = VProfileStoreFactory* (*)();
 /// Stores made without a factory ask this getter, at each construction. Null takes it away (tests).
 OSTRAND_API void SetProfileStoreFactoryGetter(VProfileStoreFactoryGetter getter);
+/// What the getter answers; null without one.
+OSTRAND_API VProfileStoreFactory* GetProfileStoreFactory();
 
 } // namespace ostrand

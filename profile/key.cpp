@@ -11,7 +11,7 @@ VProfileStoreFactoryGetter g_getter = nullptr;
 
 VProfileStoreFactory* InstalledFactory()
 {
-    VProfileStoreFactory* const factory = g_getter ? g_getter() : nullptr;
+    VProfileStoreFactory* const factory = GetProfileStoreFactory();
     if (!factory) {
         std::fputs("OstrandUI: a store was opened before OstrandUiInitProfileFactory gave a factory\n", stderr);
         std::abort();
@@ -22,6 +22,7 @@ VProfileStoreFactory* InstalledFactory()
 } // namespace
 
 void SetProfileStoreFactoryGetter(VProfileStoreFactoryGetter getter) { g_getter = getter; }
+VProfileStoreFactory* GetProfileStoreFactory() { return g_getter ? g_getter() : nullptr; }
 
 VProfileStore::VProfileStore(bool readOnly, VProfileStoreFactory* factory)
     : m_private((factory ? factory : InstalledFactory())->CreateStore()),

@@ -5,7 +5,6 @@
 #include "core/format.h"
 #include "core/messages.h"
 #include "core/paths/path_text.h"
-#include "core/prompts.h"
 #include "core/report.h"
 
 namespace ostrand {
@@ -35,19 +34,25 @@ bool CheckSessionName(std::u16string_view name, VUnicodeString& reason)
     return false;
 }
 
-bool ValidateSessionName(std::u16string_view path, std::u16string_view oldName, std::u16string_view newName, bool isNew)
+std::optional<SessionNameFault> FindSessionNameFault(std::u16string_view path, std::u16string_view oldName,
+                                                     std::u16string_view newName, bool isNew)
 {
-    VUnicodeString reason;
-    if (!CheckSessionName(newName, reason)) {
-        Prompts().Show(reason, VPromptIcon::None);
-        return false;
-    }
+    SessionNameFault fault;
+    if (!CheckSessionName(newName, fault.text))
+        return fault;
     if (!IsTaken(path, oldName, newName, isNew))
-        return true;
+        return std::nullopt;
     VReportMessageParams report;
     Fail(report, kNameInUse, newName);
-    Prompts().Show(report.GetText(), VPromptIcon::Warning);
-    return false;
+    return SessionNameFault{report.GetText(), VPromptIcon::Warning, kNameInUse};
+}
+
+bool ValidateSessionName(std::u16string_view path, std::u16string_view oldName, std::u16string_view newName, bool isNew)
+{
+    const std::optional<SessionNameFault> fault = FindSessionNameFault(path, oldName, newName, isNew);
+    if (fault)
+        Prompts().Show(fault->text, fault->icon);
+    return !fault;
 }
 
 } // namespace ostrand

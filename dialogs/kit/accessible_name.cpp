@@ -13,7 +13,8 @@ const VControl* GroupAround(const VForm& form, size_t item)
 
 VUnicodeString AccessibleName(const VForm& form, size_t item)
 {
-    VUnicodeString name = form.ControlOfItem(item)->GetName();
+    const char16_t* const spoken = form.GetTemplate().Items()[item].spokenName;
+    VUnicodeString name = spoken ? Translate(spoken) : form.ControlOfItem(item)->GetName();
     if (const VControl* const group = name.IsEmpty() ? GroupAround(form, item) : nullptr)
         name = group->GetName();
     return name.View().ends_with(u':') ? name.Left(name.GetLength() - 1) : name;

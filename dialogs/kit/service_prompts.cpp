@@ -2,8 +2,6 @@
 
 namespace ostrand {
 
-namespace {
-
 VIcon IconOf(VPromptIcon icon)
 {
     switch (icon) {
@@ -20,8 +18,6 @@ VIcon IconOf(VPromptIcon icon)
     }
     return VIcon::None;
 }
-
-} // namespace
 
 void VServicePrompts::Show(std::u16string_view text, VPromptIcon icon)
 {

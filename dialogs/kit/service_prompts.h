@@ -6,6 +6,9 @@
 
 namespace ostrand {
 
+/// The same picture, as the dialogs name it.
+OSTRAND_API VIcon IconOf(VPromptIcon icon);
+
 /// All but the questions that have dialogs of their own, which are left to who has those. Borrows the services.
 class OSTRAND_API VServicePrompts : public IPrompts {
 public:
@@ -16,6 +19,9 @@ public:
     bool PickFolder(std::u16string_view title, VUnicodeString& path) override;
     void BeginWait() override;
     void EndWait() override;
+
+protected:
+    IDialogServices& Services() const { return m_services; }
 
 private:
     IDialogServices& m_services;

@@ -66,8 +66,9 @@ enum class VItemFlag : uint16_t {
 };
 
 struct VTemplateItem {
-    const char16_t* text = nullptr;     ///< caption, label or title; before translation
-    const char16_t* synonyms = nullptr; ///< further words under which a search finds the control
+    const char16_t* text = nullptr;       ///< caption, label or title; before translation
+    const char16_t* synonyms = nullptr;   ///< further words under which a search finds the control
+    const char16_t* spokenName = nullptr; ///< where neither label nor caption says what the control is
     VItemKind kind = VItemKind::Page;
     VIcon icon = VIcon::None;
     VControlId id = 0;
@@ -97,6 +98,8 @@ public:
     }
     template <size_t N>
     VTemplate(const VItems<N>&& temporary) = delete;
+    /// Items that a program has made, with the counts of their descendants.
+    explicit VTemplate(std::span<const VTemplateItem> items) : m_items(items) {}
     constexpr std::span<const VTemplateItem> Items() const { return m_items; }
     constexpr const char16_t* Title() const { return m_items.front().text; }
 
@@ -124,6 +127,11 @@ struct Also {
     const char16_t* words;
 };
 
+/// What screen readers and searches call a control without a label, or one whose caption says nothing, such as "...".
+struct Named {
+    const char16_t* name;
+};
+
 namespace detail {
 
 constexpr void Apply(VTemplateItem& item, VItemFlag flag) { item.flags |= static_cast<uint16_t>(flag); }
@@ -131,6 +139,7 @@ constexpr void Apply(VTemplateItem& item, MaxChars max) { item.maxChars = max.co
 constexpr void Apply(VTemplateItem& item, Width width) { item.width = width.characters; }
 constexpr void Apply(VTemplateItem& item, Lines lines) { item.lines = lines.count; }
 constexpr void Apply(VTemplateItem& item, Also also) { item.synonyms = also.words; }
+constexpr void Apply(VTemplateItem& item, Named named) { item.spokenName = named.name; }
 
 template <class Part>
 inline constexpr size_t kItemsIn = 0;

@@ -12,17 +12,18 @@ using namespace layout;
 // clang-format off
 constexpr auto kPage = Page(u"Log File",
     Group(u"&Log file name",
-        Row(Edit(FileName, Grow), Button(Browse, u"...", Also{u"browse"}))),
+        Row(Edit(FileName, Grow, Also{u"path record capture logging"}),
+            Button(Browse, u"...", Named{u"Browse for the log file"}))),
     Group(u"Options",
-        Check(Prompt, u"&Prompt for filename"),
-        Check(StartOnConnect, u"&Start log upon connect"),
-        Check(Raw, u"&Raw log"),
-        Check(NewAtMidnight, u"Start &new log at midnight (must use %D in log file name)"),
+        Check(Prompt, u"&Prompt for filename", Also{u"ask"}),
+        Check(StartOnConnect, u"&Start log upon connect", Also{u"automatically record"}),
+        Check(Raw, u"&Raw log", Also{u"escape binary"}),
+        Check(NewAtMidnight, u"Start &new log at midnight (must use %D in log file name)", Also{u"daily rotate"}),
         Radio(Mode, Option(u"&Overwrite file"), Option(u"&Append to file"))),
     Group(u"Custom log data",
-        Field(u"&Upon connect:", Edit(OnConnect, MaxChars{256}, Grow)),
-        Field(u"Upon &disconnect:", Edit(OnDisconnect, MaxChars{256}, Grow)),
-        Field(u"On &each line:", Edit(OnEachLine, MaxChars{256}, Grow)),
+        Field(u"&Upon connect:", Edit(OnConnect, MaxChars{256}, Grow, Also{u"message"})),
+        Field(u"Upon &disconnect:", Edit(OnDisconnect, MaxChars{256}, Grow, Also{u"message"})),
+        Field(u"On &each line:", Edit(OnEachLine, MaxChars{256}, Grow, Also{u"timestamp prefix"})),
         Check(OnlyCustom, u"Lo&g only custom data")),
     Group(u"Log file name and custom log data substitutions",
         Row(Column(Label(u"%H - hostname"), Label(u"%S - session name"), Label(u"%M - 2-digit month")),
@@ -33,14 +34,14 @@ bool IsBlank(const VUnicodeString& text) { return text.Trimmed().IsEmpty(); }
 
 } // namespace
 
-SessionLogFilePage::SessionLogFilePage(const LogFileValues& session)
+SessionLogFilePage::SessionLogFilePage(SessionValues& session)
     : VPropertyTreePage(kPage),
       m_fileName(*this, FileName, session.logFilename),
       m_prompt(*this, Prompt, session.logPrompt),
       m_startOnConnect(*this, StartOnConnect, session.startLogUponConnect),
       m_raw(*this, Raw, session.rawLog),
       m_newAtMidnight(*this, NewAtMidnight, session.newLogFileAtMidnight),
-      m_mode(*this, Mode, session.logMode),
+      m_appends(*this, Mode, session.logMode),
       m_onConnect(*this, OnConnect, session.customLogMessageConnect),
       m_onDisconnect(*this, OnDisconnect, session.customLogMessageDisconnect),
       m_onEachLine(*this, OnEachLine, session.customLogMessageEachLine),

@@ -1,23 +1,10 @@
 // The Log File page of a session: where its log goes, when it starts, which lines of the user's own go into it.
 #pragma once
 
+#include "config/session/session_values.h"
 #include "dialogs/kit/property_page.h"
 
 namespace ostrand {
-
-/// The values that the page edits, of whatever record has them. Borrowed.
-struct LogFileValues {
-    VProfileString& logFilename;
-    VProfile<bool>& logPrompt;
-    VProfile<bool>& startLogUponConnect;
-    VProfile<bool>& rawLog;
-    VProfile<bool>& newLogFileAtMidnight;
-    VProfile<int>& logMode; ///< 0 overwrites, 1 appends
-    VProfileString& customLogMessageConnect;
-    VProfileString& customLogMessageDisconnect;
-    VProfileString& customLogMessageEachLine;
-    VProfile<bool>& logOnlyCustom;
-};
 
 class OSTRAND_API SessionLogFilePage final : public VPropertyTreePage {
 public:
@@ -35,7 +22,8 @@ public:
         OnlyCustom
     };
 
-    explicit SessionLogFilePage(const LogFileValues& session);
+    /// Borrows the values.
+    explicit SessionLogFilePage(SessionValues& session);
 
     bool OnInitDialog() override;
 
@@ -45,8 +33,7 @@ private:
     void OnBrowse();
 
     VEdited<VUnicodeString> m_fileName;
-    VEdited<bool> m_prompt, m_startOnConnect, m_raw, m_newAtMidnight;
-    VEdited<int> m_mode;
+    VEdited<bool> m_prompt, m_startOnConnect, m_raw, m_newAtMidnight, m_appends;
     VEdited<VUnicodeString> m_onConnect, m_onDisconnect, m_onEachLine;
     VEdited<bool> m_onlyCustom;
 };

@@ -8,6 +8,8 @@ OSTRAND_MODULE_EXPORT bool LoadProtocol(ostrand::VAppFnTable*, ostrand::ConnectP
     for (const example::Protocol& protocol : example::Protocols())
         if (element->name == protocol.name) {
             element->createConfig = protocol.createConfig;
+            element->pagesFactory = protocol.pagesFactory;
+            element->logonPanelFactory = protocol.logonPanelFactory;
             return true;
         }
     return false;

@@ -2,7 +2,7 @@
 // exports.cpp, the same for all modules.
 #pragma once
 
-#include "config/session/protocol_table.h"
+#include "protocol_pages.h"
 
 #include <span>
 #include <string_view>
@@ -12,6 +12,8 @@ namespace example {
 struct Protocol {
     std::u16string_view name;
     ostrand::ConnectProtocolTableElement::CreateConfig createConfig;
+    ostrand::ConnectProtocolTableElement::PagesFactory pagesFactory;
+    ostrand::ConnectProtocolTableElement::LogonPanelFactory logonPanelFactory = nullptr;
 };
 
 /// Each module defines it.
@@ -23,6 +25,13 @@ ostrand::ConnectConfig* Create(const ostrand::VProfileKey* key, ostrand::ICommon
                                ostrand::ConnectProtocolTableElement*)
 {
     return new C(key, common);
+}
+
+/// A protocol with settings of class C, and with a page for them.
+template <class C>
+constexpr Protocol ProtocolOf(ostrand::ConnectProtocolTableElement::LogonPanelFactory logonPanel = nullptr)
+{
+    return {C::kTitle, Create<C>, MakePages<C>, logonPanel};
 }
 
 } // namespace example

@@ -9,6 +9,8 @@ namespace {
 using namespace ostrand;
 
 struct FtpValues : ProtocolValues<FtpValues> {
+    static constexpr const char16_t* kTitle = u"FTP";
+
     static consteval auto Rows()
     {
         using C = FtpValues;
@@ -24,7 +26,7 @@ struct FtpValues : ProtocolValues<FtpValues> {
     VProfileString account;
 };
 
-constexpr Protocol kProtocols[] = {{u"FTP", Create<NetworkConfigOf<FtpValues>>}};
+constexpr Protocol kProtocols[] = {ProtocolOf<NetworkConfigOf<FtpValues>>()};
 
 } // namespace
 

@@ -10,6 +10,8 @@ using namespace ostrand;
 
 template <bool isImplicit>
 struct FtpSslValues : ProtocolValues<FtpSslValues<isImplicit>> {
+    static constexpr const char16_t* kTitle = isImplicit ? u"FTP/SSL (implicit)" : u"FTP/SSL (explicit)";
+
     static consteval auto Rows()
     {
         using C = FtpSslValues;
@@ -29,8 +31,8 @@ struct FtpSslValues : ProtocolValues<FtpSslValues<isImplicit>> {
 };
 
 constexpr Protocol kProtocols[] = {
-    {u"FTP/SSL (implicit)", Create<NetworkConfigOf<FtpSslValues<true>>>},
-    {u"FTP/SSL (explicit)", Create<NetworkConfigOf<FtpSslValues<false>>>},
+    ProtocolOf<NetworkConfigOf<FtpSslValues<true>>>(),
+    ProtocolOf<NetworkConfigOf<FtpSslValues<false>>>(),
 };
 
 } // namespace

@@ -18,6 +18,9 @@ public:
 
     /// The host's values first.
     ostrand::VProfileData* GetMember(int index) final;
+    /// Values of the host, for a page.
+    ostrand::VProfileData* GetHostname() const { return m_hostValues[0]; }
+    ostrand::VProfileData* GetUsername() const { return m_hostValues[2]; }
     void LeaveProtocol(ostrand::VSharedProtocolValues& shared) override;
     void EnterProtocol(const ostrand::VSharedProtocolValues& shared) override;
     int IsConnectable(ostrand::IReportMessageParams*) override;
@@ -50,9 +53,19 @@ private:
 template <class Values>
 class NetworkConfigOf final : public NetworkConfig {
 public:
+    static constexpr const char16_t* kTitle = Values::kTitle;
+    using Record = Values;
+
     NetworkConfigOf(const ostrand::VProfileKey* key, ostrand::ICommonConfig* common) : NetworkConfig(key, common)
     {
         Values::Schema().Load(m_values, {key, false});
+    }
+    Record& GetRecord() { return m_values; }
+    static Record MakeDefaults()
+    {
+        Record record;
+        Record::Schema().Load(record, {nullptr, false});
+        return record;
     }
     ostrand::ConnectConfig* Clone(ostrand::ICommonConfig* common) const override
     {

@@ -9,6 +9,8 @@ namespace {
 using namespace ostrand;
 
 struct RLoginValues : ProtocolValues<RLoginValues> {
+    static constexpr const char16_t* kTitle = u"RLogin";
+
     static consteval auto Rows()
     {
         using C = RLoginValues;
@@ -23,7 +25,7 @@ struct RLoginValues : ProtocolValues<RLoginValues> {
     VProfileString localUser;
 };
 
-constexpr Protocol kProtocols[] = {{u"RLogin", Create<NetworkConfigOf<RLoginValues>>}};
+constexpr Protocol kProtocols[] = {ProtocolOf<NetworkConfigOf<RLoginValues>>()};
 
 } // namespace
 

@@ -12,17 +12,24 @@ using namespace ostrand;
 
 class SerialConfig final : public PlainConnectConfig {
 public:
-    SerialConfig(const VProfileKey* key, ICommonConfig*) : m_line(key, u"Serial ", u"Serial Port") {}
+    static constexpr const char16_t* kTitle = u"Serial";
+    using Record = VSerialDeviceConfig;
+
+    SerialConfig(const VProfileKey* key, ICommonConfig*) : m_line(LineOf(key)) {}
 
     ConnectConfig* Clone(ICommonConfig*) const override { return new SerialConfig(*this); }
     VProfileData* GetMember(int index) override { return m_line.GetMember(index); }
+    Record& GetRecord() { return m_line; }
+    static Record MakeDefaults() { return LineOf(nullptr); }
     int IsConnectable(IReportMessageParams*) override { return m_line.port.IsEmpty() ? 0 : 1; }
 
 private:
+    static Record LineOf(const VProfileKey* key) { return {key, u"Serial ", u"Serial Port"}; }
+
     VSerialDeviceConfig m_line;
 };
 
-constexpr Protocol kProtocols[] = {{u"Serial", Create<SerialConfig>}};
+constexpr Protocol kProtocols[] = {ProtocolOf<SerialConfig>()};
 
 } // namespace
 

@@ -9,6 +9,8 @@ namespace {
 using namespace ostrand;
 
 struct SftpValues : ProtocolValues<SftpValues> {
+    static constexpr const char16_t* kTitle = u"SFTP";
+
     static consteval auto Rows()
     {
         using C = SftpValues;
@@ -25,7 +27,7 @@ struct SftpValues : ProtocolValues<SftpValues> {
     VProfile<bool> compression;
 };
 
-constexpr Protocol kProtocols[] = {{u"SFTP", Create<NetworkConfigOf<SftpValues>>}};
+constexpr Protocol kProtocols[] = {ProtocolOf<NetworkConfigOf<SftpValues>>()};
 
 } // namespace
 

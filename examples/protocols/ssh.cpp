@@ -2,6 +2,8 @@
 #include "exports.h"
 #include "network_config.h"
 
+#include "dialogs/session/logon_panel.h"
+
 namespace example {
 
 namespace {
@@ -9,6 +11,8 @@ namespace {
 using namespace ostrand;
 
 struct Ssh2Values : ProtocolValues<Ssh2Values> {
+    static constexpr const char16_t* kTitle = u"SSH2";
+
     static consteval auto Rows()
     {
         using C = Ssh2Values;
@@ -29,6 +33,8 @@ struct Ssh2Values : ProtocolValues<Ssh2Values> {
 };
 
 struct Ssh1Values : ProtocolValues<Ssh1Values> {
+    static constexpr const char16_t* kTitle = u"SSH1";
+
     static consteval auto Rows()
     {
         using C = Ssh1Values;
@@ -44,9 +50,35 @@ struct Ssh1Values : ProtocolValues<Ssh1Values> {
     VProfile<bool> compression;
 };
 
+/// The ways to log in belong beside the logon actions, too.
+class WaysPanel final : public LogonPanel {
+public:
+    static LogonPanel* Create(VPropertyTreePage*, ISessionConfig* session)
+    {
+        auto* const config = FindConfig<NetworkConfigOf<Ssh2Values>>(*session);
+        return config ? new WaysPanel(config->GetRecord()) : nullptr;
+    }
+
+private:
+    enum Id : VControlId { Ways = 1 };
+    static constexpr auto kPanel =
+        layout::Page(u"SSH2", layout::Field(u"&Ways to log in:", layout::Edit(Ways, layout::Grow)));
+
+    explicit WaysPanel(Ssh2Values& values) : LogonPanel(kPanel), m_ways(*this, Ways, values.authentications) {}
+
+    void DoDataExchange(VDataExchange& dx) override
+    {
+        if (dx.IsShowing())
+            m_ways.Reload(); // the protocol's page may have changed it
+        LogonPanel::DoDataExchange(dx);
+    }
+
+    VEdited<VUnicodeString> m_ways;
+};
+
 constexpr Protocol kProtocols[] = {
-    {u"SSH2", Create<NetworkConfigOf<Ssh2Values>>},
-    {u"SSH1", Create<NetworkConfigOf<Ssh1Values>>},
+    ProtocolOf<NetworkConfigOf<Ssh2Values>>(WaysPanel::Create),
+    ProtocolOf<NetworkConfigOf<Ssh1Values>>(),
 };
 
 } // namespace

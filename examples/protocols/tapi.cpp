@@ -12,12 +12,16 @@ using namespace ostrand;
 
 class TapiConfig final : public PlainConnectConfig {
 public:
+    static constexpr const char16_t* kTitle = u"TAPI";
     using ReadContext = VReadContext;
+    using Record = TapiConfig;
 
     TapiConfig(const VProfileKey* key, ICommonConfig*) { Schema().Load(*this, {key, false}); }
 
     ConnectConfig* Clone(ICommonConfig*) const override { return new TapiConfig(*this); }
     VProfileData* GetMember(int index) override { return Schema().GetMember(*this, index); }
+    Record& GetRecord() { return *this; }
+    static Record MakeDefaults() { return {nullptr, nullptr}; }
     int IsConnectable(IReportMessageParams*) override { return phoneNumber.IsEmpty() ? 0 : 1; }
     static const VSchema<TapiConfig>& Schema();
 
@@ -41,7 +45,7 @@ const VSchema<TapiConfig>& TapiConfig::Schema()
     return schema;
 }
 
-constexpr Protocol kProtocols[] = {{u"TAPI", Create<TapiConfig>}};
+constexpr Protocol kProtocols[] = {ProtocolOf<TapiConfig>()};
 
 } // namespace
 

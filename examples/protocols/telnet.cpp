@@ -9,6 +9,8 @@ namespace {
 using namespace ostrand;
 
 struct TelnetValues : ProtocolValues<TelnetValues> {
+    static constexpr const char16_t* kTitle = u"Telnet";
+
     static consteval auto Rows()
     {
         using C = TelnetValues;
@@ -23,7 +25,7 @@ struct TelnetValues : ProtocolValues<TelnetValues> {
     VProfile<bool> raw, localEcho;
 };
 
-constexpr Protocol kProtocols[] = {{u"Telnet", Create<NetworkConfigOf<TelnetValues>>}};
+constexpr Protocol kProtocols[] = {ProtocolOf<NetworkConfigOf<TelnetValues>>()};
 
 } // namespace
 

@@ -9,6 +9,8 @@ namespace {
 using namespace ostrand;
 
 struct TelnetSslValues : ProtocolValues<TelnetSslValues> {
+    static constexpr const char16_t* kTitle = u"Telnet/SSL";
+
     static consteval auto Rows()
     {
         using C = TelnetSslValues;
@@ -25,7 +27,7 @@ struct TelnetSslValues : ProtocolValues<TelnetSslValues> {
     VProfileString certificate;
 };
 
-constexpr Protocol kProtocols[] = {{u"Telnet/SSL", Create<NetworkConfigOf<TelnetSslValues>>}};
+constexpr Protocol kProtocols[] = {ProtocolOf<NetworkConfigOf<TelnetSslValues>>()};
 
 } // namespace
 

@@ -2,7 +2,7 @@
 #include "dialogs/session/log_file_page.h"
 
 #include "core/messages.h"
-#include "tests/dialogs/log_record.h"
+#include "tests/config/session_scene.h"
 #include "tests/support/page_driver.h"
 
 #include <gtest/gtest.h>
@@ -12,10 +12,15 @@ namespace {
 
 using P = SessionLogFilePage;
 
-TEST(LogFilePage, AMidnightLogNeedsTheDayInItsName)
+class LogFilePage : public testing::Test {
+protected:
+    SessionScene scene;
+    SessionConfig session{u"Router1", nullptr};
+};
+
+TEST_F(LogFilePage, AMidnightLogNeedsTheDayInItsName)
 {
-    LogRecord session;
-    PageDriver<P> page(session.Values());
+    PageDriver<P> page(session);
     for (const char16_t* name : {u"log-%d.txt", u"", u"D%"}) {
         if (!page.At<VCheckControl>(P::NewAtMidnight).IsChecked())
             page.Click(P::NewAtMidnight);
@@ -32,12 +37,11 @@ TEST(LogFilePage, AMidnightLogNeedsTheDayInItsName)
     EXPECT_EQ(session.logFilename.Value(), u"log-%D.txt");
 }
 
-TEST(LogFilePage, OnlyCustomDataNeedsCustomData)
+TEST_F(LogFilePage, OnlyCustomDataNeedsCustomData)
 {
-    LogRecord session;
     session.logOnlyCustom = true;
-    session.eachLine = u" %h ";
-    PageDriver<P> page(session.Values());
+    session.customLogMessageEachLine = u" %h ";
+    PageDriver<P> page(session);
     EXPECT_TRUE(page[P::OnlyCustom].IsEnabled());
     page.Type(P::OnEachLine, u"  \t");
     EXPECT_FALSE(page[P::OnlyCustom].IsEnabled());
@@ -47,16 +51,15 @@ TEST(LogFilePage, OnlyCustomDataNeedsCustomData)
     EXPECT_FALSE(page.At<VCheckControl>(P::OnlyCustom).IsChecked());
     ASSERT_TRUE(page.Leave());
     EXPECT_FALSE(session.logOnlyCustom);
-    EXPECT_EQ(session.eachLine.Value(), u"");
-    EXPECT_EQ(session.connect.Value(), u" up ") << "other texts keep their blanks";
+    EXPECT_EQ(session.customLogMessageEachLine.Value(), u"");
+    EXPECT_EQ(session.customLogMessageConnect.Value(), u" up ") << "other texts keep their blanks";
 }
 
-TEST(LogFilePage, LimitsModeAndBrowsing)
+TEST_F(LogFilePage, LimitsModeAndBrowsing)
 {
-    LogRecord session;
-    session.connect = VUnicodeString(std::u16string(257, u'x'));
+    session.customLogMessageConnect = VUnicodeString(std::u16string(257, u'x'));
     session.newLogFileAtMidnight = true;
-    PageDriver<P> page(session.Values());
+    PageDriver<P> page(session);
     EXPECT_EQ(page.RefusalText(), u"Please enter no more than 256 characters.") << "ahead of the missing day";
     page.Type(P::OnConnect, std::u16string(256, u'x')).Click(P::NewAtMidnight).Choose(P::Mode, 1);
 
@@ -77,7 +80,7 @@ TEST(LogFilePage, LimitsModeAndBrowsing)
     EXPECT_TRUE(ParseFileFilter(u"odd|").empty());
 
     ASSERT_TRUE(page.Leave());
-    EXPECT_EQ(session.logMode, 1);
+    EXPECT_TRUE(session.logMode);
     EXPECT_EQ(session.logFilename.Value(), u"/var/log/router.log");
 }
 

@@ -2,6 +2,11 @@
 #include "tests/modules/module_scene.h"
 
 #include "config/global/firewall_list.h"
+#include "core/entry.h"
+#include "dialogs/session/connect_page.h"
+#include "dialogs/session/logon_scripts_page.h"
+#include "dialogs/session/session_options_dialog.h"
+#include "tests/support/page_driver.h"
 
 namespace ostrand {
 namespace {
@@ -108,6 +113,71 @@ TEST_F(ExampleProtocols, TheFirewallAsksBelowTheSessionsWindow)
     VUnicodeStringI user;
     VUnknownPointer<FirewallConfig>::Adopt(terminal.GetActive()->GetFirewall())->GetUsername(&user);
     EXPECT_EQ(prompts.lastParent, terminal.GetActive()->GetParentWindow());
+}
+
+TEST_F(ExampleProtocols, TheirPagesEditOneHostAndTheirOwnValues)
+{
+    using C = SessionConnectPage;
+    constexpr VControlId kHost = 1;
+    constexpr VControlId kPort = 3;
+    test::ScriptedServices services;
+    SetTessalyInstalled(true);
+    SetOrvaneInstalled(true);
+    {
+        SessionConfig session(u"Router", &key);
+        GlobalConfig* global = nullptr;
+        GetGlobalConfig(global, -1);
+        SessionOptionsDialog dialog(*global, session, {}, services);
+        dialog.Open();
+        VPropertyTreePage& connect = *dialog.GetActivePage();
+        const auto show = [&](std::u16string_view label) {
+            for (VPropertyTreePage* const page : dialog.GetVisiblePages())
+                if (page->GetTreeLabel() == label && dialog.SelectPage(*page))
+                    return page;
+            return static_cast<VPropertyTreePage*>(nullptr);
+        };
+        const auto choose = [&](VControlId list, std::u16string_view protocol) {
+            ASSERT_EQ(show(u"Connection"), &connect);
+            test::FormDriver(connect).Choose(list, connect.At<VListControl>(list).Find(protocol));
+        };
+        for (const ConnectProtocolTableElement& row : GetConnectProtocolTable()) {
+            const bool isTransfer = row.productId == kProductOrvane;
+            if (isTransfer)
+                choose(C::Protocol, u"SSH2"); // a line of one's own carries no files
+            choose(isTransfer ? C::FileTransfer : C::Protocol, row.name);
+            const bool hasPage = row.name != kNoProtocol && row.name != u"SFTP"; // SSH2's page serves both
+            EXPECT_TRUE(!hasPage || show(row.name)) << ToUtf8(row.name);
+        }
+        choose(C::Protocol, u"SSH2");
+        VPropertyTreePage* const ssh = show(u"SSH2");
+        ASSERT_NE(ssh, nullptr);
+        test::FormDriver(*ssh).Type(kHost, u"router").Type(kPort, u"70000");
+        services.ExpectMessage();
+        EXPECT_EQ(show(u"Connection"), nullptr) << "the bound of the schema's row";
+        test::FormDriver(*ssh).Type(kPort, u"2222");
+        EXPECT_NE(dynamic_cast<SessionLogonScriptsPage&>(*show(u"Logon Actions"))
+                      .At<VPlaceControl>(SessionLogonScriptsPage::Panel)
+                      .GetContent(),
+                  nullptr);
+
+        choose(C::Protocol, u"Telnet");
+        EXPECT_EQ(show(u"SSH2"), nullptr);
+        VPropertyTreePage* const telnet = show(u"Telnet");
+        ASSERT_NE(telnet, nullptr);
+        EXPECT_EQ(telnet->Control(kHost).GetText(), u"router");
+        test::FormDriver(*telnet).Type(kHost, u"switch");
+        choose(C::Protocol, u"SSH2");
+        ASSERT_EQ(show(u"SSH2"), ssh);
+        EXPECT_EQ(ssh->Control(kHost).GetText(), u"switch") << "one host for all";
+        test::FormDriver(dialog).Click(VPropertyTreeDialog::Ok);
+        EXPECT_EQ(dialog.Close(), kResultOk);
+        session.terminalProtocol.Save(&key, true);
+        ResetGlobalConfig(global);
+    }
+    EXPECT_EQ(store.Get(u"Session", u"SSH2 Port"), StoreValue(2222u));
+    EXPECT_EQ(store.Get(u"Session", u"Hostname"), StoreValue(VUnicodeString(u"switch")));
+    SetTessalyInstalled(false);
+    SetOrvaneInstalled(false);
 }
 
 } // namespace

@@ -2,10 +2,12 @@
 // their defaults, and one that an administrator decides.
 #pragma once
 
+#include "config/global/global_config.h"
+#include "config/session/session_values.h"
 #include "dialogs/kit/record_info.h"
+#include "dialogs/session/log_file_page.h"
 #include "stores/memory_store.h"
 #include "tests/dialogs/kit_page.h"
-#include "tests/dialogs/log_record.h"
 #include "tests/support/hive_folders.h"
 #include "tests/support/page_driver.h"
 
@@ -43,11 +45,13 @@ struct KitScene {
     KitGlobals globals{nullptr}, globalDefaults{nullptr};
     VRecordInfo<KitRecord> info{record, defaults, false};
     VRecordInfo<KitGlobals> globalInfo{globals, globalDefaults, false};
-    LogRecord logRecord;
+    VUnknownPointer<GlobalConfig> globalConfig =
+        VUnknownPointer<GlobalConfig>::Adopt(new GlobalConfig(nullptr, false));
+    SessionValues session{nullptr, *globalConfig, true};
     ScriptedServices services;
     VPropertyPageStateMap states;
     KitPage kit{record, {&info, &globalInfo}};
-    SessionLogFilePage log{logRecord.Values()};
+    SessionLogFilePage log{session};
     VPropertyTreePage other{kEmptyPage};
     TestTreeDialog dialog{u"Session Options - Router", VTreeStyle::Plain, &states, services};
 };

@@ -45,8 +45,7 @@ struct KitScene {
     KitGlobals globals{nullptr}, globalDefaults{nullptr};
     VRecordInfo<KitRecord> info{record, defaults, false};
     VRecordInfo<KitGlobals> globalInfo{globals, globalDefaults, false};
-    VUnknownPointer<GlobalConfig> globalConfig =
-        VUnknownPointer<GlobalConfig>::Adopt(new GlobalConfig(nullptr, false));
+    VUnknownPointer<GlobalConfig> globalConfig = VUnknownPointer<GlobalConfig>::Adopt(new GlobalConfig(nullptr, false));
     SessionValues session{nullptr, *globalConfig, true};
     ScriptedServices services;
     VPropertyPageStateMap states;

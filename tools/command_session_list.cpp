@@ -35,14 +35,6 @@ std::string ProtocolText(const SessionConfig& session)
                : text + (text.empty() ? "" : ", ") + Plain(Lossless(transfer));
 }
 
-/// Empty where it would be the name alone.
-std::string SummaryOf(const SessionConfig& session)
-{
-    VUnicodeString summary;
-    session.GetConnectionSummary(summary);
-    return summary == session.GetSessionName() ? "" : Lossless(summary);
-}
-
 class SessionList {
 public:
     SessionList(SessionFolder& sessions, bool asTree)
@@ -92,7 +84,9 @@ private:
         const VUnknownPointer<SessionConfig> session = m_sessions.Read(path);
         if (!session)
             return; // deleted by another program in between
-        const std::string summary = SummaryOf(*session);
+        std::string summary = SummaryOf(*session);
+        if (summary == Lossless(session->GetSessionName()))
+            summary.clear(); // it would be the name alone
         list.push_back({{"path", Lossless(path)}, {"protocols", ProtocolText(*session)}, {"summary", summary}});
         m_flat.push_back(list.back());
         m_rows.push_back({m_asTree ? Indent(depth) + Plain(Lossless(name)) : Plain(Lossless(path)),

@@ -46,11 +46,9 @@ Exit SummarizeSession(const Request& request)
         return opened;
     if (const std::string why = SessionRecord(session).MissingProtocols(); !why.empty())
         Warn(why);
-    VUnicodeString summary;
-    session->GetConnectionSummary(summary);
-    return Print(request.asJson
-                     ? WriteJson({{"path", Lossless(session->GetPathName())}, {"summary", Lossless(summary)}})
-                     : Plain(Lossless(summary)) + "\n");
+    const std::string summary = SummaryOf(*session);
+    return Print(request.asJson ? WriteJson({{"path", Lossless(session->GetPathName())}, {"summary", summary}})
+                                : Plain(summary) + "\n");
 }
 
 Exit DiffSessions(const Request& request)

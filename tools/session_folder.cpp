@@ -199,4 +199,13 @@ std::vector<std::string> SessionPaths(const ConfigFolder& folder, bool ofFolders
 
 std::string CiteSession(const VUnicodeString& path) { return "session " + Cited(Lossless(path)); }
 
+std::string SummaryOf(const SessionConfig& session)
+{
+    VUnicodeString summary;
+    session.GetConnectionSummary(summary);
+    std::string text = Lossless(summary);
+    std::erase(text, '\r'); // a description's lines end with both
+    return text;
+}
+
 } // namespace ostrand::tool

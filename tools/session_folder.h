@@ -44,6 +44,8 @@ private:
 
 /// Paths of all sessions or of all folders of a folder that was opened, in the store's order.
 std::vector<std::string> SessionPaths(const ConfigFolder& folder, bool ofFolders);
+/// What a session connects to, and its description, with "\n" between lines.
+std::string SummaryOf(const SessionConfig& session);
 /// "session 'Lab\Router1'"
 std::string CiteSession(const VUnicodeString& path);
 

@@ -22,6 +22,8 @@ public:
     Record& GetRecord() { return m_line; }
     static Record MakeDefaults() { return LineOf(nullptr); }
     int IsConnectable(IReportMessageParams*) override { return m_line.port.IsEmpty() ? 0 : 1; }
+    /// What summaries show behind "Port:".
+    void GetHostName(IString* out) const override { out->Set(m_line.port.c_str(), false); }
 
 private:
     static Record LineOf(const VProfileKey* key) { return {key, u"Serial ", u"Serial Port"}; }

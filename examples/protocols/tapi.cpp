@@ -23,6 +23,8 @@ public:
     Record& GetRecord() { return *this; }
     static Record MakeDefaults() { return {nullptr, nullptr}; }
     int IsConnectable(IReportMessageParams*) override { return phoneNumber.IsEmpty() ? 0 : 1; }
+    /// What summaries show behind "Phone number:".
+    void GetHostName(IString* out) const override { out->Set(phoneNumber.c_str(), false); }
     static const VSchema<TapiConfig>& Schema();
 
     VProfileString device, phoneNumber, areaCode;

@@ -77,7 +77,7 @@ const json* Named(const json& list, const std::string& name)
 TEST_F(ToolSession, ListsFollowTheFoldersAndMakeNothing)
 {
     Write("Lab/b.ini",
-          "Is Session = 1\nProtocol Name = \"SSH2\"\nSSH2 Host = \"b.example\"\nDescription = [\"Rack 7\"]\n");
+          "Is Session = 1\nProtocol Name = \"SSH2\"\nSSH2 Host = \"b.example\"\nDescription = [\"Rack\", \"7\"]\n");
     Write("Lab/a.ini", "Is Session = 1\nProtocol Name = \"Telnet\"\nTelnet Host = \"a.example\"\n");
     Write("Lab/c.ini", "Is Session = 1\n");
     Write("Lab/%2Ehidden.ini", "Is Session = 1\n");
@@ -95,9 +95,9 @@ TEST_F(ToolSession, ListsFollowTheFoldersAndMakeNothing)
     const json flat = OutJson({"session", "list", "lab"});
     ASSERT_EQ(flat.size(), 4u);
     EXPECT_EQ(flat[2]["path"], "Lab\\b");
-    EXPECT_EQ(flat[2]["summary"], "Hostname: b.example\nRack 7");
+    EXPECT_EQ(flat[2]["summary"], "Hostname: b.example\nRack\n7");
     EXPECT_EQ(OutJson({"session", "list", "--tree"})["folders"][0]["sessions"][2]["path"], "Lab\\a");
-    EXPECT_EQ(Out({"session", "summary", "Lab\\b"}), "Hostname: b.example\nRack 7\n");
+    EXPECT_EQ(Out({"session", "summary", "Lab\\b"}), "Hostname: b.example\nRack\n7\n");
     EXPECT_EQ(Out({"complete", "sessions"}), "Lab\\.hidden\nLab\\a\nLab\\b\nLab\\c\nLab\\Deep\\d\n");
     EXPECT_EQ(Out({"complete", "folders"}), "Lab\nLab\\Deep\n");
     EXPECT_THAT(Out({"complete", "session-values"}), AllOf(HasSubstr("Telnet Port\n"), HasSubstr("Scrollback\n")));

@@ -90,7 +90,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     std::string_view input(reinterpret_cast<const char*>(data), size);
     const VPlatformScope scope;
-    test::MemoryFiles noFiles; // a value that names a file must not read this machine's
+    // A value that names a file must not read this machine's. The trace log is opened there once and for all.
+    static auto& noFiles = *new test::MemoryFiles;
     Platform().files = &noFiles;
     MemoryStoreFactory factory;
     g_factory = &factory;

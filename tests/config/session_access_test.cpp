@@ -280,6 +280,19 @@ TEST(SessionAccess, OldFormsAreTakenOverAndStayInTheKey)
     };
     for (const auto& [name, value] : expected)
         EXPECT_EQ(scene.Get(u"Old", name), value) << ToUtf8(name);
+    // Nothing else differs from a session that had nothing but its mark.
+    scene.Put(u"Sessions\\Plain", u"Is Session", 1u);
+    ASSERT_TRUE(SessionFolderAccess().SaveSession(*scene.Open(u"Plain"), false, report));
+    std::vector<std::u16string> others;
+    for (const std::u16string& name : scene.store.NamesIn(key))
+        if (scene.Get(u"Old", name) != scene.Get(u"Plain", name))
+            others.push_back(name);
+    EXPECT_THAT(others, testing::UnorderedElementsAre(
+                            u"Login Script", u"Login Script V2", u"Emulation", u"ANSI Color",
+                            u"Enable 80/132 Column Switching", u"Enable 80-132 Column Switching", u"Printer Font",
+                            u"Idle Timeout", u"Idle Check", u"Use Raw Mode", u"Of a later version"));
+    EXPECT_EQ(scene.Get(u"Old", u"Printer Font v2"), std::nullopt) << "the old font counts as stored until it changes";
+
     scene.store.TakeWrites();
     ASSERT_TRUE(SessionFolderAccess().SaveSession(*again, false, report));
     EXPECT_THAT(scene.store.TakeWrites(), IsEmpty()) << "what was taken over is taken over once";

@@ -3,7 +3,7 @@
 # dialogs needs, for "test" all that ./test needs beside that. Does nothing, and asks for no rights, where all are there.
 set -eu
 build="g++ cmake ninja-build pkg-config libsodium-dev libcli11-dev nlohmann-json3-dev"
-test="libgtest-dev libgmock-dev clang-format-19 clang-tidy-19 ccache ncurses-term python3"
+test="libgtest-dev libgmock-dev clang-format-19 clang-tidy-19 ccache ncurses-term python3 xvfb xdotool openbox"
 qt="qt6-base-dev fonts-dejavu-core"
 case ${1:-} in
 build) wanted=$build ;;

@@ -239,6 +239,11 @@ void VPropertyTreeDialog::Begin()
         page->m_isCreated = false; // a former run may have created it
         page->PreModal(this);
     }
+    m_builtPages.clear();
+    for (VPropertyTreePage* const page : AllPages())
+        m_builtPages.push_back(page->GetStateMapName());
+    if (m_states)
+        m_states->TakeBranches(m_builtPages);
     OnInitDialog();
     SetFocus(PageTree);
     const Pages visible = GetVisiblePages();
@@ -267,10 +272,14 @@ bool VPropertyTreeDialog::OnInitDialog() { return VDialog::OnInitDialog(); }
 
 void VPropertyTreeDialog::OnDestroy()
 {
-    for (VPropertyTreePage* const page : AllPages())
-        if (m_states)
-            m_states->StateOf(page->GetStateMapName()) = {page->m_isExpanded, page == m_active};
     m_isOpen = false;
+    if (!m_states)
+        return;
+    for (VPropertyTreePage* const page : AllPages())
+        m_states->StateOf(page->GetStateMapName()).isExpanded = page->m_isExpanded;
+    if (m_active)
+        m_states->Select(m_active->GetStateMapName());
+    m_states->KeepBranches(m_builtPages);
 }
 
 bool VPropertyTreeDialog::AcceptPages()

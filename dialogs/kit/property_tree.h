@@ -86,7 +86,8 @@ private:
     void OnHitChosen();
 
     VPropertyPageStateMap* const m_states;
-    std::vector<VPropertyTreePage*> m_pages; // top level
+    std::vector<VPropertyTreePage*> m_pages;  // top level
+    std::vector<VUnicodeString> m_builtPages; // names of those that were there before the dialog opened
     VPropertyTreePage* m_active = nullptr;
     std::vector<VPropertyTreePage*> m_heirs; // of an active page that has gone: it, then those above it; compared only
     std::vector<VSearchHit> m_hits;          // one for each row of Hits

@@ -189,13 +189,43 @@ TEST_F(Tree, StatesOutliveTheDialog)
     EXPECT_EQ(dialog->GetActivePage(), &a) << "the remembered page isn't there";
     dialog->Close();
     dialog->ShowPage(&c);
-    states.RemoveKey(u"c");
-    states.StateOf(u"c").isSelected = true;
+    states.Select(u"c");
     dialog->SetNewSession(true);
     dialog->Open();
     EXPECT_EQ(dialog->GetActivePage(), &a);
     EXPECT_EQ(a.GetFocus(), 1);
     dialog->Close();
+}
+
+TEST_F(Tree, StatesOutliveTheProgramAsTexts)
+{
+    states.SetBranches(u"0010100");
+    states.Select(u"Session+");
+    auto dialog = MakeDialog();
+    dialog->Open();
+    EXPECT_FALSE(a.IsExpanded());
+    EXPECT_FALSE(b.IsExpanded());
+    EXPECT_TRUE(c.IsExpanded());
+    EXPECT_EQ(dialog->GetActivePage(), &a) << "a name that no page has selects none";
+    dialog->SelectPage(c);
+    dialog->Expand(a, true);
+    dialog->HidePage(&c);
+    dialog->ShowPage(&c); // at its place, though it isn't active any more
+    dialog->Close();
+    EXPECT_EQ(states.GetBranches(), u"1010100") << "digits of pages that this tree lacks stay";
+    EXPECT_EQ(states.GetSelected(), u"a");
+
+    VPropertyPageStateMap next;
+    next.SetBranches(u"0");
+    next.Select(u"c");
+    std::swap(states, next);
+    dialog = MakeDialog();
+    dialog->Open();
+    EXPECT_FALSE(a.IsExpanded());
+    EXPECT_TRUE(b.IsExpanded()) << "no digit: open";
+    EXPECT_EQ(dialog->GetActivePage(), &c);
+    dialog->Close();
+    EXPECT_EQ(states.GetBranches(), u"011");
 }
 
 TEST(Dialog, PostedTasksButtonsAndCodes)

@@ -45,6 +45,9 @@ constexpr std::array kFurtherOwn = {
     VMessageText{kNameUnknown, u"There is no %1 named '%2'."},
     VMessageText{kModuleThrew, u"The protocol %1 failed in %3: %4\r\n%2"},
     VMessageText{kNothingToUndo, u"There is no change of several sessions to undo."},
+    VMessageText{
+        kLogonActionsUnread,
+        u"The stored logon actions can't all be read here.  They stay as they are unless you change the list."},
 };
 
 std::span<const VMessageText> g_further;

@@ -38,6 +38,7 @@ inline constexpr unsigned kNameUnknown = 0xe1380061;
 /// %1 protocol, %2 module file, %3 operation, %4 what the exception says.
 inline constexpr unsigned kModuleThrew = 0xe1380062;
 inline constexpr unsigned kNothingToUndo = 0xe1380063;
+inline constexpr unsigned kLogonActionsUnread = 0x61380064;
 
 // Texts that the application's table brings.
 inline constexpr unsigned kParserHasNoOpinion = 0xe1040040;

@@ -37,7 +37,10 @@ bool VProfileEncodedString::Encode(VUnicodeString& stored)
 
 bool VProfileEncodedString::Decode(const VUnicodeString& stored)
 {
-    Value() = DecodeXor(stored);
+    const VUnicodeString text = DecodeXor(stored);
+    if (text.IsEmpty() && !stored.IsEmpty()) // damaged: an empty text is stored as nothing
+        return false;
+    Value() = text;
     return true;
 }
 

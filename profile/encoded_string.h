@@ -10,7 +10,8 @@ class OSTRAND_API VProfileEncodedString : public VProfileSecret<VProfileEncodedS
 public:
     using VProfileSecret::operator=;
 
-    /// The stored text, clean; else nothing, pending. On purpose: the default isn't used, it is always empty.
+    /// The stored text, clean; one that decodes to nothing, held back; else nothing, pending. On purpose: the default
+    /// isn't used, it is always empty.
     void Load(const VProfileKey* key, const VUnicodeString& valueName, const char16_t* defaultText);
     /// The same, and takes over what a VProfileCapiString wrote under the name: the text then counts as changed, so
     /// that the next save puts the encoded form in its place, and the answer is true. Protected text that can't be

@@ -84,16 +84,15 @@ bool Kept(std::atomic<Answer>& kept, Compute compute)
 
 bool ReadPolicyDword(const char16_t* name, unsigned* out) { return KeyOfPolicy(name, out) != nullptr; }
 
-bool FindPolicy(const char16_t* name, ValuePlace& place)
+std::optional<VPolicyValue> FindPolicy(const char16_t* name)
 {
-    unsigned ignored = 0;
-    const PolicyKey* const key = KeyOfPolicy(name, &ignored);
+    VPolicyValue policy;
+    const PolicyKey* const key = KeyOfPolicy(name, &policy.value);
     if (!key)
-        return false;
-    place = ValuePlace();
+        return std::nullopt;
     VRegistryStoreFactory factory(key->hive, key->path);
-    VProfileStore(true, &factory).Extras().FindPlace(u"", name, place);
-    return true;
+    VProfileStore(true, &factory).Extras().FindPlace(u"", name, policy.place);
+    return policy;
 }
 
 bool ReadProductDword(const char16_t* name, const char16_t* application, const char16_t* subkey, unsigned* out)

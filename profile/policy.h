@@ -4,14 +4,19 @@
 #include "platform/export.h"
 #include "profile/store_extras.h"
 
+#include <optional>
+
 namespace ostrand {
 
 /// The policy of this name: of the machine, of the user, else among the machine's common values. False, `out`
 /// untouched, without one.
 OSTRAND_API bool ReadPolicyDword(const char16_t* name, unsigned* out);
-/// Whether such a policy exists, and where it stands, so that a refusal can say so. `place` stays empty where hives are
-/// no files.
-OSTRAND_API bool FindPolicy(const char16_t* name, ValuePlace& place);
+struct VPolicyValue {
+    unsigned value = 0;
+    ValuePlace place; ///< empty where hives are no files
+};
+/// The same with its place, so that a refusal can say where it comes from.
+OSTRAND_API std::optional<VPolicyValue> FindPolicy(const char16_t* name);
 
 /// The machine's value in a subkey of the application's key, for terminals also of their key of former releases. False
 /// for a null application or subkey.

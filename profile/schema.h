@@ -56,6 +56,20 @@ struct VSchemaRow : VSchemaEntry {
     void (*merge)(C&, const VSchemaRow&, const VProfileKey*) = nullptr;
 };
 
+/// One value of record C's schema: a row's own, or one of the table of a row's part.
+template <class C>
+struct VSchemaValue {
+    const VSchemaEntry& entry; ///< of a part's value its name is the part's business
+    const VSchemaRow<C>& row;
+    int place = -1; ///< in the part's table; -1: the row's own
+
+    VProfileData& In(C& record) const
+    {
+        VProfileData* const member = row.member(record);
+        return place < 0 ? *member : *member->GetMember(place);
+    }
+};
+
 // Options of rows.
 struct InOrvane {
     const char16_t* name;
@@ -556,6 +570,23 @@ public:
 
     VSchemaView View() const { return {m_rows.data(), sizeof(VSchemaRow<C>), m_rows.size()}; }
     std::span<const VSchemaRow<C>> Rows() const { return m_rows; }
+    /// Hands on each value in the rows' order; a part that is a record stands for the values of its table.
+    template <class Visit>
+    void VisitValues(Visit visit) const
+    {
+        for (const VSchemaRow<C>& row : m_rows) {
+            if (row.IsRule())
+                continue;
+            if (!row.part) {
+                visit(VSchemaValue<C>{row, row});
+                continue;
+            }
+            const VSchemaView part = row.part();
+            for (size_t i = 0, place = 0; i < part.GetCount(); ++i)
+                if (part[i].isInTable)
+                    visit(VSchemaValue<C>{part[i], row, static_cast<int>(place++)});
+        }
+    }
 
     /// Names every member, reads it or gives it its default, and runs the rules, row by row.
     void Load(C& record, const typename C::ReadContext& in) const { LoadAs(record, in, m_names[in.isOrvane ? 1 : 0]); }

@@ -11,27 +11,13 @@ namespace ostrand::tool {
 
 namespace {
 
-/// What an administrator decided about the value.
-struct Lock {
-    unsigned value = 0;
-    ValuePlace place;
-};
-
 struct Explanation {
     NamedValue value;
     std::optional<NamedValue> usual;
     ValueSource source;
     bool isDifferent;
-    std::optional<Lock> lock;
+    std::optional<VPolicyValue> lock;
 };
-
-std::optional<Lock> LockOf(const char16_t* name)
-{
-    Lock lock;
-    if (!FindPolicy(name, lock.place) || !ReadPolicyDword(name, &lock.value))
-        return std::nullopt;
-    return lock;
-}
 
 std::string StoredText(const Explanation& why)
 {
@@ -42,7 +28,7 @@ std::string StoredText(const Explanation& why)
                                      : "no; it is read, and never saved with the others";
 }
 
-std::string LockText(const std::optional<Lock>& lock)
+std::string LockText(const std::optional<VPolicyValue>& lock)
 {
     if (!lock)
         return "no";
@@ -92,7 +78,7 @@ Exit ExplainValue(const Request& request, RecordOpener open)
         Warn(damage + "; its default is shown");
     ValueSources sources(opened.sessions.Folder(), record);
     const Explanation why = {*value, sources.DefaultOf(*value), sources.SourceOf(*value), sources.IsDifferent(*value),
-                             LockOf(value->value->name.c_str())};
+                             FindPolicy(value->value->name.c_str())};
     return Print(request.asJson ? ExplainJson(why) : ExplainText(why));
 }
 

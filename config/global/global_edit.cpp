@@ -53,31 +53,19 @@ const GlobalRow* FindByOldName(std::u16string_view name)
     return nullptr;
 }
 
-/// A part that is a record stands for the values of its table.
-void AddPart(std::vector<GlobalRow>& rows, const VSchemaRow<GlobalConfig>& owner)
-{
-    static const VUnknownPointer<GlobalConfig>& defaults =
-        *new VUnknownPointer<GlobalConfig>(GlobalDefaults(false, false)); // names of rows are lent from it
-    const VSchemaView part = owner.part();
-    int place = 0;
-    for (size_t i = 0; i < part.GetCount(); ++i) {
-        if (!part[i].isInTable)
-            continue;
-        GlobalRow row{part[i], &owner, place++};
-        row.name = row.Member(*defaults)->name.c_str();
-        rows.push_back(row);
-    }
-}
-
 std::vector<GlobalRow> MakeRows()
 {
+    static const VUnknownPointer<GlobalConfig>& defaults =
+        *new VUnknownPointer<GlobalConfig>(GlobalDefaults(false, false)); // names of parts' values are lent from it
     std::vector<GlobalRow> rows;
-    for (const bool isInTable : {true, false})
-        for (const VSchemaRow<GlobalConfig>& row : GlobalConfig::Schema().Rows())
-            if (row.part && row.isInTable == isInTable)
-                AddPart(rows, row);
-            else if (!row.IsRule() && row.isInTable == isInTable)
-                rows.push_back({row, &row, -1});
+    std::vector<GlobalRow> outsideTable;
+    GlobalConfig::Schema().VisitValues([&](const VSchemaValue<GlobalConfig>& each) {
+        GlobalRow row{each.entry, &each.row, each.place};
+        if (each.place >= 0)
+            row.name = each.In(*defaults).name.c_str();
+        (each.row.isInTable ? rows : outsideTable).push_back(row);
+    });
+    rows.insert(rows.end(), outsideTable.begin(), outsideTable.end());
     return rows;
 }
 

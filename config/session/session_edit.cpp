@@ -60,11 +60,7 @@ public:
     template <class C>
     void AddRows(C& record, VSessionPart part)
     {
-        for (const VSchemaRow<C>& row : C::Schema().Rows())
-            if (row.part)
-                AddPart(row.part(), part, *row.member(record));
-            else if (!row.IsRule())
-                Add(row, part, *row.member(record));
+        C::Schema().VisitValues([&](const VSchemaValue<C>& each) { Add(each.entry, part, each.In(record)); });
     }
 
     void AddProtocolName(ConnectConfigPtr& side, VSessionPart part)
@@ -83,13 +79,6 @@ public:
     }
 
 private:
-    void AddPart(const VSchemaView& schema, VSessionPart part, VProfileData& record)
-    {
-        for (size_t i = 0, place = 0; i < schema.GetCount(); ++i)
-            if (schema[i].isInTable)
-                Add(schema[i], part, *record.GetMember(static_cast<int>(place++)));
-    }
-
     /// Of a module's record, whose schema isn't known here.
     void AddMembers(VProfileData& record, VSessionPart part, int depth)
     {

@@ -2,6 +2,7 @@
 
 #include "dialogs/kit/form.h"
 #include "dialogs/kit/record_info.h"
+#include "profile/policy.h"
 
 namespace ostrand {
 
@@ -31,9 +32,8 @@ const VProfileData* VBinding::DefaultValue() const
 
 bool VBinding::IsLocked() const
 {
-    const IRecordInfo* const record = m_isLocked ? nullptr : Record();
-    if (record)
-        m_isLocked = FindLock(record->EntryOf(m_target)->NameFor(record->IsOrvane())).has_value();
+    if (!m_isLocked && Record())
+        m_isLocked = FindPolicy(m_target.name.c_str()).has_value();
     return m_isLocked.value_or(false);
 }
 

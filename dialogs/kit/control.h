@@ -102,6 +102,8 @@ public:
 protected:
     void Changed(VChange change) { m_owner.ControlChanged(*this, change); }
     void Raise(VEventKind event) { m_owner.ControlEvent(*this, event); }
+    /// The text, as it stands, is a secret from here on.
+    void MarkText() { m_text.MarkSensitive(); }
     /// Sets a field, and tells the view if that changes it.
     template <class T>
     bool Assign(T& field, const T& value, VChange change)

@@ -56,11 +56,8 @@ bool VEditControl::Accepts(std::u16string_view text) const
 
 void VEditControl::SetMasked(bool masked)
 {
-    if (masked) {
-        VUnicodeString secret = GetText();
-        secret.MarkSensitive();
-        VControl::SetText(secret);
-    }
+    if (masked)
+        MarkText();
     Assign(m_isMasked, masked, VChange::Mask);
 }
 

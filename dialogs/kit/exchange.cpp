@@ -140,10 +140,12 @@ void DDX_Check(VDataExchange& dx, VControlId box, bool& value)
 void DDX_Check(VDataExchange& dx, VControlId box, VTriState& value)
 {
     VCheckControl& control = dx.Form().At<VCheckControl>(box);
-    if (!dx.IsShowing())
+    // A stored number may be anything, and stays what it is while its state stands.
+    const VTriState state = value == VTriState::False || value == VTriState::True ? value : VTriState::Undetermined;
+    if (dx.IsShowing())
+        control.SetState(state);
+    else if (control.GetState() != state)
         value = control.GetState();
-    else // a stored number may be anything
-        control.SetState(value == VTriState::False || value == VTriState::True ? value : VTriState::Undetermined);
 }
 
 namespace {
@@ -183,7 +185,7 @@ void DDX_CBString(VDataExchange& dx, VControlId id, VUnicodeString& value)
 {
     VListControl& list = dx.Form().At<VListControl>(id);
     ExchangeChoice(
-        dx, list.GetSelection(), [&] { list.Select(list.Find(value)); }, [&] { value = list.GetSelectedText(); });
+        dx, list.GetSelection(), [&] { list.Select(list.FindValue(value)); }, [&] { value = list.GetSelectedValue(); });
 }
 
 void DDV_Range(VDataExchange& dx, VControlId edit, int64_t value, int64_t low, int64_t high)

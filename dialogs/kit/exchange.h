@@ -84,7 +84,7 @@ OSTRAND_API void DDX_Radio(VDataExchange& dx, VControlId group, int& value);
 OSTRAND_API void DDX_CBIndex(VDataExchange& dx, VControlId list, int& value);
 /// The number of the selected entry.
 OSTRAND_API void DDX_CBData(VDataExchange& dx, VControlId list, int& value);
-/// The text of the selected entry, by its exact text.
+/// The value of the selected entry, by its exact text; what is shown may be its translation.
 OSTRAND_API void DDX_CBString(VDataExchange& dx, VControlId list, VUnicodeString& value);
 
 OSTRAND_API void DDV_Range(VDataExchange& dx, VControlId edit, int64_t value, int64_t low, int64_t high);

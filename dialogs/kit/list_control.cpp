@@ -23,27 +23,27 @@ VListControl::VListControl(IControlOwner& owner, const VTemplateItem& item, cons
 {
     const VTemplateItem* const end = &item + 1 + item.descendants;
     for (const VTemplateItem* part = &item + 1; part != end; ++part)
-        m_entries.push_back({Translate(part->text), part->hasData ? part->data : GetCount()});
+        m_entries.push_back({Translate(part->text), part->hasData ? part->data : GetCount(), part->text});
 }
 
-int VListControl::Add(const VUnicodeString& text, int data)
+int VListControl::Add(const VUnicodeString& text, int data, const VUnicodeString& value)
 {
     const bool isSorted = GetItem().Has(VItemFlag::Sorted);
     const size_t place = isSorted ? SortedPlace(text, m_entries.size(),
                                                 [&](size_t i) -> const VUnicodeString& { return m_entries[i].text; })
                                   : m_entries.size();
-    Insert(place, text, data);
+    Insert(place, {text, data, value});
     return static_cast<int>(place);
 }
 
 void VListControl::InsertAt(int index, const VUnicodeString& text, int data)
 {
-    Insert(static_cast<size_t>(std::clamp(index, 0, GetCount())), text, data);
+    Insert(static_cast<size_t>(std::clamp(index, 0, GetCount())), {text, data, text});
 }
 
-void VListControl::Insert(size_t index, const VUnicodeString& text, int data)
+void VListControl::Insert(size_t index, const Entry& entry)
 {
-    m_entries.insert(m_entries.begin() + static_cast<std::ptrdiff_t>(index), {text, data});
+    m_entries.insert(m_entries.begin() + static_cast<std::ptrdiff_t>(index), entry);
     if (m_selection >= static_cast<int>(index))
         ++m_selection;
     Changed(VChange::Items);
@@ -88,6 +88,11 @@ int VListControl::FindData(int data) const
     return IndexOf(m_entries, [&](const Entry& entry) { return entry.data == data; });
 }
 
+int VListControl::FindValue(std::u16string_view value) const
+{
+    return IndexOf(m_entries, [&](const Entry& entry) { return entry.value == value; });
+}
+
 void VListControl::Select(int index)
 {
     Assign(m_selection, index >= 0 && index < GetCount() ? index : -1, VChange::Selection);
@@ -101,6 +106,11 @@ VUnicodeString VListControl::GetSelectedText() const
 int VListControl::GetSelectedData() const
 {
     return m_selection < 0 ? -1 : m_entries[static_cast<size_t>(m_selection)].data;
+}
+
+VUnicodeString VListControl::GetSelectedValue() const
+{
+    return m_selection < 0 ? VUnicodeString() : m_entries[static_cast<size_t>(m_selection)].value;
 }
 
 VUnicodeString VListControl::Dump() const { return VControl::Dump() + u": \"" + GetSelectedText() + u"\""; }

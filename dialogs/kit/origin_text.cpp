@@ -4,6 +4,7 @@
 #include "dialogs/kit/number_text.h"
 #include "dialogs/kit/record_info.h"
 #include "dialogs/kit/value_words.h"
+#include "profile/policy.h"
 
 #include <vector>
 
@@ -52,7 +53,7 @@ VUnicodeString DefaultSentence(VBinding& binding, const VSchemaEntry& entry)
 
 VUnicodeString LockSentence(const char16_t* name)
 {
-    const std::optional<VValueLock> lock = FindLock(name);
+    const std::optional<VPolicyValue> lock = FindPolicy(name);
     if (!lock)
         return {};
     const VUnicodeString value = NumberText(lock->value);
@@ -83,9 +84,9 @@ std::optional<bool> TruthOf(const VProfileData& value)
 
 VUnicodeString ThirdStateWords(const VBinding& binding)
 {
-    const VSchemaEntry* const entry = binding.Entry();
+    const IRecordInfo* const record = binding.Record();
     const VProfileData* const global =
-        entry ? binding.Form().FindValueElsewhere(entry->name, *binding.Record()) : nullptr;
+        record ? binding.Form().FindValueElsewhere(binding.GetTarget().name, *record) : nullptr;
     const std::optional<bool> isOn = global ? TruthOf(*global) : std::nullopt;
     if (!isOn)
         return {};
@@ -101,7 +102,7 @@ VUnicodeString OriginText(VBinding& binding)
     const VValueOrigin origin = record->OriginOf(binding.GetTarget());
     VUnicodeString text;
     for (const VUnicodeString& sentence :
-         {Translate(entry.meaning), LockSentence(entry.NameFor(record->IsOrvane())), GlobalSentence(binding),
+         {Translate(entry.meaning), LockSentence(binding.GetTarget().name.c_str()), GlobalSentence(binding),
           StoredSentence(origin, entry), CorrectionSentence(origin, entry), DefaultSentence(binding, entry)}) {
         if (!text.IsEmpty() && !sentence.IsEmpty())
             text += u"\n";

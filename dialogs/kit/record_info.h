@@ -2,19 +2,18 @@
 // is. One object for each record that a dialog edits, made when the dialog opens, before any value is changed.
 #pragma once
 
-#include "core/fold.h"
 #include "dialogs/kit/value_origin.h"
 #include "profile/schema.h"
 
-#include <set>
-#include <utility>
+#include <vector>
 
 namespace ostrand {
 
 class OSTRAND_API IRecordInfo {
 public:
     virtual ~IRecordInfo() = default;
-    /// Null for a value of another record.
+    /// Null for a value of another record. The name in the store is the value's own: an entry of a part lacks what the
+    /// part puts in front.
     virtual const VSchemaEntry* EntryOf(const VProfileData& value) const = 0;
     /// The default, of the value's class; null where it has none that lasts. Lent.
     virtual const VProfileData* DefaultOf(const VProfileData& value) const = 0;
@@ -22,58 +21,47 @@ public:
     virtual VValueOrigin OriginOf(const VProfileData& value) const = 0;
     /// The value of this name in any case, or null. Lent.
     virtual const VProfileData* FindValue(std::u16string_view name) const = 0;
-    virtual bool IsOrvane() const = 0;
 };
 
-/// Of a record with a schema. Record and defaults are borrowed; `defaults` holds nothing but them. Values that bounds
-/// or rules have corrected are noted here, since accepting a record forgets it.
-template <class C>
-class VRecordInfo final : public IRecordInfo {
+/// The same from a list of values.
+class OSTRAND_API VValueListInfo : public IRecordInfo {
 public:
-    VRecordInfo(C& record, C& defaults, bool isOrvane, VRecordPlace place = {})
-        : m_record(record),
-          m_defaults(defaults),
-          m_place(std::move(place)),
-          m_isOrvane(isOrvane)
-    {
-        for (const VSchemaRow<C>& row : C::Schema().Rows())
-            if (row.member && row.member(m_record)->IsModified())
-                m_corrected.insert(row.member(m_record));
-    }
+    const VSchemaEntry* EntryOf(const VProfileData& value) const override;
+    const VProfileData* DefaultOf(const VProfileData& value) const override;
+    VValueOrigin OriginOf(const VProfileData& value) const override;
+    const VProfileData* FindValue(std::u16string_view name) const override;
 
-    const VSchemaEntry* EntryOf(const VProfileData& value) const override { return RowOf(value); }
-    const VProfileData* DefaultOf(const VProfileData& value) const override
+protected:
+    explicit VValueListInfo(VRecordPlace place) : m_place(std::move(place)) {}
+    /// Borrows all three. A value that a bound or a rule has corrected is noted, since accepting a record forgets it.
+    void Add(const VSchemaEntry& entry, const VProfileData& value, const VProfileData& usual)
     {
-        const VSchemaRow<C>* const row = RowOf(value);
-        return row && !row->computed ? row->member(m_defaults) : nullptr;
+        m_lines.push_back({&entry, &value, &usual, value.IsModified()});
     }
-    VValueOrigin OriginOf(const VProfileData& value) const override
-    {
-        return FindOrigin(*RowOf(value), m_isOrvane, m_place, m_corrected.count(&value) != 0);
-    }
-    const VProfileData* FindValue(std::u16string_view name) const override
-    {
-        for (const VSchemaRow<C>& row : C::Schema().Rows())
-            if (row.member && EqualNoCase(row.NameFor(m_isOrvane), name))
-                return row.member(m_record);
-        return nullptr;
-    }
-    bool IsOrvane() const override { return m_isOrvane; }
 
 private:
-    const VSchemaRow<C>* RowOf(const VProfileData& value) const
-    {
-        for (const VSchemaRow<C>& row : C::Schema().Rows())
-            if (row.member && row.member(m_record) == &value)
-                return &row;
-        return nullptr;
-    }
+    struct Line {
+        const VSchemaEntry* entry;
+        const VProfileData* value;
+        const VProfileData* usual;
+        bool isCorrected;
+    };
+    const Line* LineOf(const VProfileData& value) const;
 
-    C& m_record;
-    C& m_defaults;
     const VRecordPlace m_place;
-    std::set<const VProfileData*> m_corrected;
-    const bool m_isOrvane;
+    std::vector<Line> m_lines;
+};
+
+/// Of a record with a schema, and of the records within it. Record and defaults are borrowed; `defaults` holds nothing
+/// but them.
+template <class C>
+class VRecordInfo final : public VValueListInfo {
+public:
+    VRecordInfo(C& record, C& defaults, VRecordPlace place = {}) : VValueListInfo(std::move(place))
+    {
+        C::Schema().VisitValues(
+            [&](const VSchemaValue<C>& each) { Add(each.entry, each.In(record), each.In(defaults)); });
+    }
 };
 
 } // namespace ostrand

@@ -2,7 +2,6 @@
 
 #include "core/fold.h"
 #include "profile/key.h"
-#include "profile/policy.h"
 
 namespace ostrand {
 
@@ -21,22 +20,15 @@ bool HasValue(const VProfileKey& key, std::u16string_view name)
 
 } // namespace
 
-std::optional<VValueLock> FindLock(const char16_t* name)
-{
-    VValueLock lock;
-    if (!FindPolicy(name, lock.place) || !ReadPolicyDword(name, &lock.value))
-        return std::nullopt;
-    return lock;
-}
-
-VValueOrigin FindOrigin(const VSchemaEntry& entry, bool isOrvane, const VRecordPlace& place, bool isCorrected)
+VValueOrigin FindOrigin(const VSchemaEntry& entry, const VUnicodeString& valueName, const VRecordPlace& place,
+                        bool isCorrected)
 {
     VValueOrigin origin;
     if (!place.factory)
         return origin;
     const VProfileStore store(true, place.factory);
     const VProfileKey key(store.GetRootKey(), place.key.c_str());
-    const char16_t* name = entry.NameFor(isOrvane);
+    const char16_t* name = valueName.c_str();
     origin.kind = VValueOrigin::Kind::Stored;
     if (!HasValue(key, name)) {
         name = entry.formerly && HasValue(key, entry.formerly) ? entry.formerly : nullptr;

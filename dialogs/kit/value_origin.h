@@ -1,4 +1,4 @@
-// Why a value is what it is: where it is stored, under which name, what corrected it, who locks it.
+// Why a value is what it is: where it is stored, under which name, what corrected it.
 #pragma once
 
 #include "core/strings.h"
@@ -16,13 +16,6 @@ struct VRecordPlace {
     VUnicodeString key; ///< path below the store's root
 };
 
-/// What an administrator decided.
-struct VValueLock {
-    unsigned value = 0;
-    ValuePlace place;
-};
-OSTRAND_API std::optional<VValueLock> FindLock(const char16_t* name);
-
 struct VValueOrigin {
     enum class Kind : uint8_t { Unknown, Stored, OldName, NotStored };
     Kind kind = Kind::Unknown;
@@ -31,8 +24,8 @@ struct VValueOrigin {
     std::optional<int> correctedFrom; ///< the number that a bound didn't take
 };
 
-/// Reads the store. A value of another kind under the name counts as stored.
-OSTRAND_API VValueOrigin FindOrigin(const VSchemaEntry& entry, bool isOrvane, const VRecordPlace& place,
-                                    bool isCorrected);
+/// Reads the store, where the value has this name. A value of another kind under it counts as stored.
+OSTRAND_API VValueOrigin FindOrigin(const VSchemaEntry& entry, const VUnicodeString& valueName,
+                                    const VRecordPlace& place, bool isCorrected);
 
 } // namespace ostrand

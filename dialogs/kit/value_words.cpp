@@ -37,6 +37,9 @@ VUnicodeString ValueWords(const VControl&, unsigned value) { return NumberText(v
 
 VUnicodeString ValueWords(const VControl& control, const VUnicodeString& value)
 {
+    if (const auto* const list = dynamic_cast<const VListControl*>(&control))
+        if (const int entry = list->FindValue(value); entry >= 0)
+            return (*list)[entry].text;
     if (value.IsEmpty())
         return Translate(u"empty");
     const auto* const edit = dynamic_cast<const VEditControl*>(&control);

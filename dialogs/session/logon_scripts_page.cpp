@@ -2,6 +2,7 @@
 
 #include "config/session/module_guard.h"
 #include "core/fold.h"
+#include "core/messages.h"
 #include "core/native_path.h"
 #include "core/paths/folders.h"
 #include "core/paths/path_text.h"
@@ -18,6 +19,7 @@ using namespace layout;
 constexpr auto kPage = layout::Page(u"Logon Actions\nLogon Actions",
     Check(P::Automate, u"Au&tomate logon", Also{u"login automatically"}),
     Check(P::SendReturn, u"&Send initial carriage return", Also{u"enter newline"}),
+    Label(P::Unread, u"", Hidden),
     Row(Report(P::Actions, Grow, Named{u"Expect and send"}, Also{u"logon login actions prompt password list"},
                Heading(u"Expect", 129), Heading(u"Send", 138), Heading(u"Hide", 38)),
         Column(IconButton(P::Up, VIcon::Up, u"Up"),
@@ -87,19 +89,28 @@ void SessionLogonScriptsPage::DoDataExchange(VDataExchange& dx)
 {
     m_automate.Exchange(dx);
     m_sendReturn.Exchange(dx);
-    dx.ThenWrite([this] { m_session->WriteLogonActions(TakeActions()); });
+    if (m_areActionsWritten)
+        dx.ThenWrite([this] { m_session->WriteLogonActions(TakeActions()); });
     m_useScript.Exchange(dx);
     m_scriptFile.Exchange(dx);
-    if (m_panel) // last, so that what it throws costs nothing of the page's
-        GuardModule(*m_panelRow, u"LogonPanel", [&] { dx.ExchangeForm(*m_panel); });
+    if (!m_panel)
+        return;
+    // Last, so that what it throws costs nothing of the page's. Shown by halves, it would save what it doesn't show.
+    if (!GuardModule(*m_panelRow, u"LogonPanel", [&] { dx.ExchangeForm(*m_panel); }) && dx.IsShowing())
+        DropPanel();
+}
+
+void SessionLogonScriptsPage::DropPanel()
+{
+    Put(Panel, nullptr);
+    m_panel.reset();
 }
 
 void SessionLogonScriptsPage::Refresh()
 {
     if (!IsCreated())
         return;
-    Put(Panel, nullptr);
-    m_panel.reset();
+    DropPanel();
     VUnicodeString protocol;
     m_session->GetTerminalProtocolName(protocol);
     for (const ConnectProtocolTableElement& row : GetConnectProtocolTable())
@@ -112,7 +123,7 @@ void SessionLogonScriptsPage::Refresh()
         return;
     Put(Panel, m_panel.get());
     if (!GuardModule(*m_panelRow, u"LogonPanel", [this] { m_panel->Open(); }))
-        m_panel.reset();
+        DropPanel();
 }
 
 // The list
@@ -120,19 +131,38 @@ void SessionLogonScriptsPage::Refresh()
 void SessionLogonScriptsPage::FillActions()
 {
     LogonActionList actions;
-    try {
-        m_session->ReadLogonActions(actions);
-    } catch (const LogonActionList::OutOfRange&) {
-        // An incomplete last action is dropped.
-    }
-    if (actions.IsEmpty()) {
+    const bool isWhole = ReadActions(actions);
+    m_areActionsWritten = isWhole && actions.IsEmpty();
+    if (m_areActionsWritten) {
         actions.Append({false, u"ogin:", {}});
         actions.Append({true, u"assword:", {}});
     }
     List().Clear();
     for (const LogonAction& action : actions)
         InsertAction(List().GetCount(), action);
-    List().Select(0);
+    List().Select(std::min(0, List().GetCount() - 1));
+
+    VReportMessageParams report;
+    report.SetMessage(kLogonActionsUnread);
+    Control(Unread).SetText(TextOf(report));
+    Control(Unread).GrowWithText();
+    Control(Unread).Show(!isWhole);
+}
+
+bool SessionLogonScriptsPage::ReadActions(LogonActionList& actions) const
+{
+    try {
+        m_session->ReadLogonActions(actions);
+        return !m_session->loginScript.IsHeldBack();
+    } catch (const LogonActionList::OutOfRange&) {
+        return false;
+    }
+}
+
+void SessionLogonScriptsPage::ActionsChanged()
+{
+    m_areActionsWritten = true;
+    Control(Unread).Show(false);
 }
 
 LogonActionList SessionLogonScriptsPage::TakeActions()
@@ -166,6 +196,7 @@ void SessionLogonScriptsPage::MoveAction(int step, VControlId button)
     const LogonAction action = *List().DataOf<LogonAction>(row);
     List().Remove(row);
     InsertAction(row + step, action);
+    ActionsChanged();
     List().Select(row + step);
     SetFocus(button); // which was disabled while no row was selected
 }
@@ -176,6 +207,7 @@ void SessionLogonScriptsPage::OnAdd()
     if (ExpectSendPropertiesDialog(*this, action).DoModal() != kResultOk)
         return;
     InsertAction(List().GetCount(), action);
+    ActionsChanged();
     List().Select(List().GetCount() - 1);
 }
 
@@ -187,6 +219,7 @@ void SessionLogonScriptsPage::OnEdit()
         return;
     List().Remove(row);
     InsertAction(row, action);
+    ActionsChanged();
     List().Select(row);
     SetFocus(Edit);
 }
@@ -195,6 +228,7 @@ void SessionLogonScriptsPage::OnDelete()
 {
     const int row = List().GetSelected();
     List().Remove(row);
+    ActionsChanged();
     List().Select(std::min(row, List().GetCount() - 1));
     SetFocus(List().GetCount() == 0 ? Add : Delete);
 }

@@ -12,6 +12,7 @@ public:
     enum Id : VControlId {
         Automate = 1,
         SendReturn,
+        Unread,
         Actions,
         Up,
         Down,
@@ -35,9 +36,14 @@ public:
 
 private:
     void DoDataExchange(VDataExchange& dx) override;
+    void DropPanel();
     void FillActions();
+    /// From the session; false for a script that can't be read, or not to its end.
+    bool ReadActions(LogonActionList& actions) const;
     LogonActionList TakeActions();
     void InsertAction(int row, const LogonAction& action);
+    /// From here on the list is what the session is to have.
+    void ActionsChanged();
     void EnableActions();
     void EnableScript();
     void MoveAction(int step, VControlId button);
@@ -50,6 +56,7 @@ private:
     const VUnknownPointer<SessionConfig> m_session;
     VEdited<bool> m_automate, m_sendReturn, m_useScript;
     VEdited<VUnicodeString> m_scriptFile;
+    bool m_areActionsWritten = false; // by the next save; else the session keeps what it has, also what can't be shown
     std::unique_ptr<LogonPanel> m_panel;
     const ConnectProtocolTableElement* m_panelRow = nullptr; // whose the panel is
 };

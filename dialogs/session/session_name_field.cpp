@@ -2,6 +2,7 @@
 
 #include "config/session/session_name.h"
 #include "dialogs/kit/service_prompts.h"
+#include "dialogs/kit/translate.h"
 
 namespace ostrand {
 
@@ -13,7 +14,9 @@ void DDX_SessionName(VDataExchange& dx, VControlId edit, const ISessionConfig& s
     if (!dx.Validating())
         return;
     if (const auto fault = FindSessionNameFault(session.GetPathName(), session.GetSessionName(), name, isNew))
-        dx.Fail(edit, {.text = fault->text, .icon = IconOf(fault->icon), .code = fault->code});
+        dx.Fail(
+            edit,
+            {.text = TranslateFormat(fault->format, fault->insert), .icon = IconOf(fault->icon), .code = fault->code});
 }
 
 } // namespace ostrand

@@ -17,9 +17,9 @@ VRecordPlace PlaceOf(const SessionConfig& session, bool isNewSession)
 SessionRecords::SessionRecords(SessionConfig& session, GlobalConfig& global, bool isNewSession)
     : m_globalDefaults(VUnknownPointer<GlobalConfig>::Adopt(new GlobalConfig(nullptr, global.IsOrvane()))),
       m_defaults(nullptr, global, true),
-      m_values(session, m_defaults, false, PlaceOf(session, isNewSession)),
-      m_terminal(session.terminal, m_defaults.terminal, false, PlaceOf(session, isNewSession)),
-      m_global(global, *m_globalDefaults, global.IsOrvane(), {GetProfileStoreFactory(), u"Global"})
+      m_values(session, m_defaults, PlaceOf(session, isNewSession)),
+      m_terminal(session.terminal, m_defaults.terminal, PlaceOf(session, isNewSession)),
+      m_global(global, *m_globalDefaults, {GetProfileStoreFactory(), u"Global"})
 {
 }
 

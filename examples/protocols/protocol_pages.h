@@ -70,7 +70,7 @@ class PagesOf final : public OnePage {
 public:
     PagesOf(C& config, ostrand::VPropertyTreePage& parent)
         : OnePage(Template(), parent),
-          m_info(config.GetRecord(), m_defaults, false)
+          m_info(config.GetRecord(), m_defaults)
     {
         m_page.AddRecord(m_info); // so that the bounds of the rows hold
         if constexpr (kHasHost<C>) {

@@ -263,7 +263,7 @@ TEST_F(Kit, EveryTextGoesThroughTheHook)
         return VUnicodeString(text) + std::u16string((text.size() * 2 + 4) / 5, u'~');
     });
     KitRecord own{nullptr};
-    const VRecordInfo<KitRecord> info(own, record, false);
+    const VRecordInfo<KitRecord> info(own, record);
     PageDriver<KitPage> longer(own, std::initializer_list<const IRecordInfo*>{&info});
     const std::span<const VTemplateItem> items = longer->GetTemplate().Items();
     for (size_t i = 0; i < items.size(); ++i)
@@ -278,6 +278,20 @@ TEST_F(Kit, EveryTextGoesThroughTheHook)
     EXPECT_EQ(longer.RefusalText(), u"Please enter a positive integer.~~~~~~~~~~~~~");
     longer.Type(P::Packet, u"1").Type(P::Retries, u"99");
     EXPECT_EQ(longer.RefusalText().find(u"Please enter an integer between 1 and 20.~"), 0u) << "inserts come after it";
+
+    const VListControl& encodings = longer.At<VListControl>(P::Encoding);
+    EXPECT_EQ(encodings.GetSelectedText(), u"Default~~~") << "a value finds its entry in any language";
+    EXPECT_EQ(longer->encoding.DefaultText(), u"Default~~~");
+    longer.Type(P::Retries, u"9").Choose(P::Encoding, 1);
+    EXPECT_TRUE(longer.Leave());
+    EXPECT_EQ(own.encoding.Value(), u"UTF-8") << "and no translation is stored";
+    VListControl& names = longer.At<VListControl>(P::Names);
+    VUnicodeString value = u"red";
+    names.Select(names.Add(u"rot", 1, value));
+    names.Add(u"blau", 2, u"blue");
+    VDataExchange dx(*longer, VDataExchange::Peek);
+    DDX_CBString(dx, P::Names, value);
+    EXPECT_EQ(value, u"red");
     SetTextHook(nullptr);
 }
 

@@ -17,7 +17,7 @@ protected:
     HiveFolders hives;
     KitRecord record{nullptr};
     KitRecord defaults{nullptr};
-    VRecordInfo<KitRecord> info{record, defaults, false};
+    VRecordInfo<KitRecord> info{record, defaults};
 };
 
 std::vector<std::u16string> Modified(KitRecord& record)
@@ -38,7 +38,7 @@ TEST_F(Exchange, APageThatIsOpenedAndLeftChangesNothing)
         record.transferMode = strange;
         record.parity = strange;
         record.encoding = u"KOI8-R";
-        record.showScrollbar = VTriState::Undetermined;
+        record.showScrollbar = static_cast<VTriState>(strange);
         record.hostname = u"a host name that is longer than users may type";
         record.AcceptChanges();
         PageDriver<KitPage> page(record, std::initializer_list<const IRecordInfo*>{&info});
@@ -117,7 +117,7 @@ TEST_F(Exchange, NumbersOfEachClassAndTheirBounds)
     for (const auto& each : kCases) {
         SCOPED_TRACE(ToUtf8(each.text));
         KitRecord own{nullptr};
-        VRecordInfo<KitRecord> ownInfo(own, defaults, false);
+        VRecordInfo<KitRecord> ownInfo(own, defaults);
         PageDriver<KitPage> page(own, std::initializer_list<const IRecordInfo*>{&ownInfo});
         page.Type(each.control, each.text).Click(P::Beep);
         if (!each.refusal) {

@@ -33,6 +33,10 @@ TEST_F(ConnectPage, NamesAreCheckedWhenThePageIsLeft)
     }
     EXPECT_EQ(page.services.messages.back().code, kNameInUse);
     EXPECT_EQ(page.services.messages.back().icon, VIcon::Warning);
+    SetTextHook([](std::u16string_view text) { return VUnicodeString(text) + u"~"; });
+    page.Type(P::Name, u"nul");
+    EXPECT_EQ(page.RefusalText(), u"nul is a reserved device name on Windows and cannot be used as a name.~");
+    SetTextHook(nullptr);
     for (const char16_t* const name : {u"ROUTER", u"  COM10 ", u"Foo.", u"M\u00fcller"}) {
         page.Type(P::Name, name);
         ASSERT_TRUE(page.Leave());
@@ -72,13 +76,19 @@ TEST_F(ConnectPage, NewFixedAndReadOnlyNames)
 
 TEST_F(ConnectPage, AMissingProtocolMustBeReplaced)
 {
-    const auto session = Session(u"Gone");
+    const auto session = Session(u"Gone", u"Lost");
     PageDriver<SessionConnectPageMultiple> page(*session, SessionOptionsSetup{});
     VListControl& list = page.At<VListControl>(P::Protocol);
     EXPECT_EQ(list.GetSelectedText(), u"Gone");
+    page.Type(P::Name, u"");
+    EXPECT_EQ(page.RefusalText(), u"The name must be specified") << "the first of several faults speaks";
+    page.Type(P::Name, u"Router");
     EXPECT_EQ(page.RefusedLeave(), kProtocolNotAvailable);
     EXPECT_EQ(page->GetFocus(), P::Protocol);
     ChooseProtocol(*page, P::Protocol, u"Telnet");
+    EXPECT_EQ(page.RefusedLeave(), kProtocolNotAvailable);
+    EXPECT_EQ(page->GetFocus(), P::FileTransfer);
+    ChooseProtocol(*page, P::FileTransfer, u"SFTP");
     page.services.ExpectMessage();
     ChooseProtocol(*page, P::Protocol, u"Gone");
     EXPECT_EQ(page.services.messages.back().code, kProtocolNotAvailable);

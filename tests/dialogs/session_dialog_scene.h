@@ -3,6 +3,7 @@
 #pragma once
 
 #include "config/global/global_config.h"
+#include "config/session/session_edit.h"
 #include "dialogs/session/connect_page_multiple.h"
 #include "dialogs/session/connect_page_single.h"
 #include "dialogs/session/log_file_page.h"
@@ -90,6 +91,15 @@ protected:
     static void ChooseProtocol(VForm& page, VControlId list, std::u16string_view name)
     {
         FormDriver(page).Choose(list, page.At<VListControl>(list).Find(name));
+    }
+    /// Names of the values that differ from their saved copies.
+    static std::vector<std::u16string> Modified(SessionConfig& session)
+    {
+        std::vector<std::u16string> names;
+        for (const SessionLeaf& leaf : SessionLeaves(session))
+            if (leaf.value->IsModified())
+                names.emplace_back(leaf.entry.name);
+        return names;
     }
     std::string Take() { return std::exchange(log, {}); }
 

@@ -1,7 +1,9 @@
 // The Logon Actions page: its list, secrets in it, the script, and a protocol's panel.
 #include "core/messages.h"
 #include "dialogs/session/expect_send_dialog.h"
+#include "profile/xor_text.h"
 #include "tests/dialogs/session_dialog_scene.h"
+#include "tests/support/fake_protection.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,10 +21,14 @@ constexpr auto kPanel = layout::Page(u"Panel", layout::Field(u"&Port:", layout::
 /// What a protocol's module may bring, with every fault that it may have.
 class TestPanel final : public LogonPanel {
 public:
-    TestPanel() : LogonPanel(kPanel) { ++alive; }
+    TestPanel() : LogonPanel(kPanel)
+    {
+        ++alive;
+        ++made;
+    }
     ~TestPanel() override { --alive; }
 
-    static inline int alive = 0;
+    static inline int alive = 0, made = 0;
     static inline int value = 0;
     static inline bool throwsAtExchange = false, throwsAtWrite = false;
 
@@ -58,6 +64,12 @@ protected:
             order += ToUtf8(row.cells[0]).substr(0, 1);
         return order;
     }
+    /// As stored; the fields are parted by "|".
+    static VUnicodeString Script(std::u16string text)
+    {
+        std::replace(text.begin(), text.end(), u'|', u'\x1F');
+        return EncodeXor(text);
+    }
     static void GivePanels(std::initializer_list<Row> rows)
     {
         for (const Row row : rows)
@@ -79,15 +91,52 @@ TEST_F(LogonPage, AnEmptyListBeginsWithTheUsualTwo)
     session->useLoginScript = true;
     page.Return();
     EXPECT_TRUE(page.At<VCheckControl>(P::Automate).IsChecked()) << "read again each time";
+}
 
-    const auto damaged = Session();
-    damaged->loginScript = u"0\x1F"
-                           u"a\x1F"
-                           u"b\x1F"
-                           u"1\x1F"
-                           u"c";
-    PageDriver<P> other(*damaged);
-    EXPECT_EQ(Order(*other), "a") << "an incomplete action costs no other";
+TEST_F(LogonPage, WhatCannotBeReadIsKept)
+{
+    const FakeProtection protection;
+    const struct {
+        const char* what;
+        VUnicodeString stored;
+        const char* order;
+        bool isWhole;
+    } kRows[] = {
+        {"another user's", u"CAPI:00112233", "", false},
+        {"no digits at all", u"what is this?", "", false},
+        {"an action without its end", Script(u"0|a|b|1|c"), "a", false},
+        {"another way to say yes", Script(u"yes|a|b"), "a", true},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.what);
+        scene.PutSession(u"Lab\\Router");
+        scene.Put(u"Sessions\\Lab\\Router", u"Login Script V2", row.stored);
+        scene.Put(u"Sessions\\Lab\\Router", u"Use Login Script", 0u);
+        const auto session = scene.Open(u"Lab\\Router");
+        PageDriver<P> page(*session);
+        EXPECT_EQ(Order(*page), row.order);
+        EXPECT_EQ(page[P::Unread].IsVisible(), !row.isWhole);
+        page.Click(P::Automate);
+        ASSERT_TRUE(page.Leave());
+        VReportMessageParams report;
+        ASSERT_TRUE(SessionFolderAccess().SaveSession(*session, true, report));
+        EXPECT_EQ(scene.Get(u"Lab\\Router", u"Use Login Script"), StoreValue(1u));
+        EXPECT_EQ(scene.Get(u"Lab\\Router", u"Login Script V2"), StoreValue(row.stored));
+
+        page.Return();
+        for (const int result : {kResultCancel, kResultOk}) {
+            EXPECT_EQ(page[P::Unread].IsVisible(), !row.isWhole);
+            page.services.ExpectDialog([result](VDialog& dialog) {
+                FormDriver(dialog).Type(E::Expect, u"z").Click(result == kResultOk ? E::Ok : E::Cancel);
+            });
+            page.Click(P::Add);
+        }
+        EXPECT_FALSE(page[P::Unread].IsVisible());
+        ASSERT_TRUE(page.Leave());
+        ASSERT_TRUE(SessionFolderAccess().SaveSession(*session, true, report));
+        PageDriver<P> again(*scene.Open(u"Lab\\Router"));
+        EXPECT_EQ(Order(*again), row.order + std::string("z"));
+    }
 }
 
 TEST_F(LogonPage, ControlsGoWithTheSelection)
@@ -215,9 +264,9 @@ TEST_F(LogonPage, ThePanelGoesWithTheProtocol)
     FormDriver(*place.GetContent()).Type(1, u"42");
     ASSERT_TRUE(dialog->SelectPage(connect));
     EXPECT_EQ(TestPanel::value, 42);
-    const VForm* const before = place.GetContent();
+    const int before = TestPanel::made;
     ChooseProtocol(connect, SessionConnectPage::Protocol, u"Telnet");
-    EXPECT_NE(place.GetContent(), before);
+    EXPECT_EQ(TestPanel::made, before + 1);
     EXPECT_EQ(TestPanel::alive, 1);
     ChooseProtocol(connect, SessionConnectPage::Protocol, u"Serial");
     EXPECT_EQ(TestPanel::alive, 0);
@@ -237,20 +286,27 @@ TEST_F(LogonPage, APanelThatThrowsCostsNoSetting)
             EXPECT_TRUE(page.Leave());
             EXPECT_TRUE(session->useLoginScript);
             EXPECT_EQ(Actions(*session).GetCount(), 2u);
+            page.Return();
+            EXPECT_EQ(page.At<VPlaceControl>(P::Panel).GetContent() == nullptr, TestPanel::throwsAtExchange)
+                << "what can't be shown isn't saved";
         }
         PageDriver<P> again(*session);
         EXPECT_TRUE(again.Leave());
         *fault = false;
         EXPECT_EQ(router.messages.back().code, kModuleThrew);
     }
-    GetConnectProtocolTable()[Ssh2].logonPanelFactory = [](VPropertyTreePage*, ISessionConfig*) -> LogonPanel* {
-        throw std::runtime_error("no panel today");
-    };
-    const auto session = Session();
-    PageDriver<P> page(*session);
-    EXPECT_EQ(page.At<VPlaceControl>(P::Panel).GetContent(), nullptr);
-    EXPECT_EQ(TestPanel::alive, 0);
-    EXPECT_TRUE(page.Leave());
+    using Factory = LogonPanel* (*)(VPropertyTreePage*, ISessionConfig*);
+    for (const Factory factory :
+         {Factory(
+              [](VPropertyTreePage*, ISessionConfig*) -> LogonPanel* { throw std::runtime_error("no panel today"); }),
+          Factory([](VPropertyTreePage*, ISessionConfig*) -> LogonPanel* { return nullptr; })}) {
+        GetConnectProtocolTable()[Ssh2].logonPanelFactory = factory;
+        const auto session = Session();
+        PageDriver<P> page(*session);
+        EXPECT_EQ(page.At<VPlaceControl>(P::Panel).GetContent(), nullptr);
+        EXPECT_EQ(TestPanel::alive, 0);
+        EXPECT_TRUE(page.Leave());
+    }
 }
 
 } // namespace

@@ -11,8 +11,8 @@ namespace {
 
 using C = SessionConnectPage;
 using D = VPropertyTreeDialog;
-using testing::EndsWith;
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 class SessionOptions : public SessionDialogScene {};
 
@@ -129,7 +129,7 @@ TEST_F(SessionOptions, ModulesFailAlone)
 TEST_F(SessionOptions, WhoMayOnlyReadIsToldOnce)
 {
     const auto session = Session();
-    services.ExpectDialog([this](VDialog& shown) {
+    services.ExpectDialog([](VDialog& shown) {
         EXPECT_EQ(shown.GetTitle(), u"Session Options - Router (Read Only)");
         EXPECT_FALSE(shown.Control(D::Ok).IsEnabled());
         FormDriver(shown).Key(u"VK_RETURN");
@@ -176,50 +176,52 @@ TEST_F(SessionOptions, TheEntryPointRunsTheDialog)
     SetDialogServices(nullptr);
 }
 
-/// Every value of the record away from its default, then every page once.
-TEST_F(SessionOptions, OpeningAndLeavingChangesNothing)
+TEST_F(SessionOptions, PagesThatWereNeverSeenDecideNothing)
 {
-    const auto session = Session(u"Telnet", u"FTP");
-    for (int i = 0; VProfileData* const member = session->GetMember(i); ++i)
-        if (auto* const box = dynamic_cast<VProfile<bool>*>(member))
-            *box = !box->value;
-        else if (auto* const text = dynamic_cast<VProfileString*>(member))
-            *text = u" %D, as it was \u20ac";
-    session->description.SetText(u"one\r\ntwo\r\n");
-    LogonActionList actions;
-    actions.Append({true, u"assword:", u"secret"});
-    session->WriteLogonActions(actions);
+    const auto session = Session();
+    session->newLogFileAtMidnight = true; // without the day in the log's name
     session->AcceptChanges();
-    const auto dialog = Dialog(*session);
+    auto dialog = Dialog(*session);
     dialog->Open();
-    for (VPropertyTreePage* const page : dialog->GetVisiblePages())
-        EXPECT_TRUE(dialog->SelectPage(*page));
     FormDriver(*dialog).Click(D::Ok);
     EXPECT_EQ(dialog->Close(), kResultOk);
-    for (int i = 0; VProfileData* const member = session->GetMember(i); ++i)
-        EXPECT_FALSE(member->IsModified()) << ToUtf8(member->name);
+    EXPECT_THAT(Modified(*session), IsEmpty());
+
+    dialog = Dialog(*session);
+    dialog->Open();
+    auto& logFile = PageOf<SessionLogFilePage>(*dialog);
+    ASSERT_TRUE(dialog->SelectPage(logFile));
+    FormDriver(logFile).Click(SessionLogFilePage::Raw);
+    services.ExpectMessage();
+    FormDriver(*dialog).Click(D::Ok);
+    EXPECT_EQ(services.messages.back().code, kMidnightLogNeedsDay);
+    EXPECT_EQ(logFile.GetFocus(), SessionLogFilePage::FileName);
+    EXPECT_THAT(Modified(*session), IsEmpty());
+    FormDriver(*dialog).Click(D::Cancel);
+    EXPECT_EQ(dialog->Close(), kResultCancel);
+
+    session->newLogFileAtMidnight = false;
+    session->SetTransferProtocol(u"Gone");
+    session->AcceptChanges();
+    dialog = Dialog(*session);
+    dialog->Open();
+    ASSERT_NE(dynamic_cast<SessionLogFilePage*>(dialog->GetActivePage()), nullptr) << "remembered";
+    FormDriver(*dialog).Click(D::Ok);
+    EXPECT_EQ(dialog->Close(), kResultOk);
+    EXPECT_THAT(Modified(*session), IsEmpty());
+    EXPECT_EQ(session->transferProtocol.GetProtocolName(), u"Gone");
 }
 
-TEST_F(SessionOptions, DamagedSessionsOpen)
+TEST_F(SessionOptions, WithoutAnyProtocol)
 {
-    for (const StoreValue& damage :
-         {StoreValue(0xFFFFFFFFu), StoreValue(VUnicodeString(std::u16string(100000, u'\u001F'))),
-          StoreValue(StoreBlock(7, 0xFF)), StoreValue(VStringArray())}) {
-        scene.PutSession(u"Lab\\Router");
-        for (const VSchemaRow<SessionValues>& row : SessionValues::Schema().Rows())
-            if (row.name && std::u16string_view(row.name) != u"Is Session")
-                scene.Put(u"Sessions\\Lab\\Router", row.name, damage);
-        const auto session = scene.Open(u"Lab\\Router");
-        ASSERT_TRUE(session);
-        const auto* const text = std::get_if<VUnicodeString>(&damage);
-        EXPECT_EQ(session->logFilename.Value().GetLength(), text ? text->GetLength() : 0);
-        SessionOptionsDialog dialog(Global(), *session, {}); // whose messages nobody sees
-        dialog.Open();
-        for (VPropertyTreePage* const page : dialog.GetVisiblePages())
-            dialog.SelectPage(*page); // another one may have a reason to stay
-        dialog.Search(u"log");
-        dialog.Close();
-    }
+    const auto session = Session();
+    GetConnectProtocolTable().RemoveAll();
+    const auto dialog = Dialog(*session);
+    dialog->Open();
+    EXPECT_EQ(TreeOf(*dialog), "Connection");
+    FormDriver(*dialog).Click(D::Ok);
+    EXPECT_EQ(dialog->Close(), kResultOk);
+    EXPECT_THAT(Modified(*session), IsEmpty());
 }
 
 } // namespace

@@ -1,8 +1,10 @@
 // What every page has for nothing: marks, undo and reset, the origin of values, locks, search.
 #include "tests/dialogs/kit_page.h"
+#include "tests/support/default_store.h"
 #include "tests/support/hive_folders.h"
 #include "tests/support/page_driver.h"
 
+#include "config/global/global_config.h"
 #include "dialogs/kit/origin_text.h"
 #include "dialogs/kit/word_match.h"
 #include "stores/file_store.h"
@@ -15,7 +17,6 @@ namespace ostrand::test {
 namespace {
 
 using P = KitPage;
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// A record from a store, with defaults and the globals behind third states.
@@ -33,8 +34,8 @@ struct Scene {
     VProfileKey profileKey;
     KitRecord record, defaults{nullptr};
     KitGlobals globals{nullptr}, globalDefaults{nullptr};
-    VRecordInfo<KitRecord> info{record, defaults, false, place};
-    VRecordInfo<KitGlobals> globalInfo{globals, globalDefaults, false};
+    VRecordInfo<KitRecord> info{record, defaults, place};
+    VRecordInfo<KitGlobals> globalInfo{globals, globalDefaults};
     PageDriver<KitPage> page{record, std::initializer_list<const IRecordInfo*>{&info, &globalInfo}};
 
     std::string Origin(VControlId id) { return ToUtf8(OriginText(*page->BindingOf(id))); }
@@ -124,6 +125,53 @@ TEST_F(Settings, WhatAnAdministratorDecidesIsLocked)
     scene.page[P::Retries].SetText(u"5");
     ASSERT_TRUE(scene.page.Leave());
     EXPECT_EQ(scene.record.retryCount, 7);
+}
+
+constexpr auto kSerial = layout::Page(u"Serial", layout::Field(u"&Speed:", layout::Edit(1)),
+                                      layout::Field(u"&DTR:", layout::Edit(2)), layout::Check(3, u"&Raw"));
+
+class SerialPage : public VPropertyTreePage {
+public:
+    SerialPage(GlobalConfig& config, const IRecordInfo& info)
+        : VPropertyTreePage(kSerial),
+          m_baudRate(*this, 1, config.printerSerial.baudRate),
+          m_dtr(*this, 2, config.printerSerial.dtrFlowControl),
+          m_raw(*this, 3, config.useRawMode)
+    {
+        AddRecord(info);
+    }
+
+private:
+    VEdited<int> m_baudRate, m_dtr;
+    VEdited<bool> m_raw;
+};
+
+TEST_F(Settings, ValuesOfAPartOfARecord)
+{
+    hives.Write("machine/Software/Policies/Hollowmere.ini", "Printer DTR Flow Control = 2\n");
+    const DefaultMemoryStore schemes; // which are no values of the key
+    TempFolder folder;
+    folder.Write("Global.ini", "Use Raw Mode = 1\nPrinter Baud Rate = 9600\n");
+    FileStoreFactory factory(folder.Path());
+    const VProfileStore store(true, &factory);
+    const VProfileKey key(store.GetRootKey(), u"Global");
+    const auto config = VUnknownPointer<GlobalConfig>::Adopt(new GlobalConfig(&key, false));
+    const auto defaults = VUnknownPointer<GlobalConfig>::Adopt(new GlobalConfig(nullptr, false));
+    const VRecordInfo<GlobalConfig> info(*config, *defaults, {&factory, u"Global"});
+    PageDriver<SerialPage> page(*config, info);
+    const auto origin = [&](VControlId id) { return ToUtf8(OriginText(*page->BindingOf(id))); };
+
+    EXPECT_THAT(origin(1), HasSubstr("Global.ini, line 2.\nIts default is another: 38400."));
+    EXPECT_THAT(origin(2), HasSubstr("Locked by an administrator's policy, to 2, in "));
+    EXPECT_THAT(origin(2), HasSubstr("Its default depends on 2 with DSR Flow on, else 1."));
+    EXPECT_THAT(origin(3), HasSubstr("Global.ini, line 1."));
+    EXPECT_TRUE(page[1].GetMarks().differs);
+    EXPECT_TRUE(page[2].GetMarks().isLocked);
+    EXPECT_FALSE(page->ResetToDefault(2));
+    EXPECT_EQ(info.FindValue(u"printer baud rate"), &config->printerSerial.baudRate);
+    EXPECT_TRUE(page->ResetToDefault(1));
+    EXPECT_TRUE(page.Leave());
+    EXPECT_EQ(config->printerSerial.baudRate, 38400);
 }
 
 TEST(SettingSearch, WordsMatchWithSlips)

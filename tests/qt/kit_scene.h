@@ -43,8 +43,8 @@ struct KitScene {
     KitValues record;
     KitRecord defaults{nullptr};
     KitGlobals globals{nullptr}, globalDefaults{nullptr};
-    VRecordInfo<KitRecord> info{record, defaults, false};
-    VRecordInfo<KitGlobals> globalInfo{globals, globalDefaults, false};
+    VRecordInfo<KitRecord> info{record, defaults};
+    VRecordInfo<KitGlobals> globalInfo{globals, globalDefaults};
     VUnknownPointer<GlobalConfig> globalConfig = VUnknownPointer<GlobalConfig>::Adopt(new GlobalConfig(nullptr, false));
     SessionValues session{nullptr, *globalConfig, true};
     ScriptedServices services;

@@ -108,9 +108,8 @@ constexpr const char* kCommonValues = "machine/SOFTWARE/Hollowmere/Global.ini";
 TEST_F(Policy, TheMachineGoesAheadAndItsPlaceIsTold)
 {
     unsigned value = 99;
-    ValuePlace place;
     EXPECT_FALSE(ReadPolicyDword(u"Limit", &value));
-    EXPECT_FALSE(FindPolicy(u"Limit", place));
+    EXPECT_FALSE(FindPolicy(u"Limit"));
     EXPECT_EQ(value, 99u);
     const struct {
         const char* file;
@@ -121,9 +120,11 @@ TEST_F(Policy, TheMachineGoesAheadAndItsPlaceIsTold)
         hives.Write(step.file, "; by the administrator\nlimit = " + std::to_string(step.value) + "\n");
         EXPECT_TRUE(ReadPolicyDword(u"Limit", &value));
         EXPECT_EQ(value, step.value);
-        EXPECT_TRUE(FindPolicy(u"Limit", place));
-        EXPECT_EQ(place.file, hives.Folder().Path(step.file));
-        EXPECT_EQ(place.line, 2u);
+        const std::optional<VPolicyValue> policy = FindPolicy(u"Limit");
+        ASSERT_TRUE(policy);
+        EXPECT_EQ(policy->value, step.value);
+        EXPECT_EQ(policy->place.file, hives.Folder().Path(step.file));
+        EXPECT_EQ(policy->place.line, 2u);
     }
     hives.Write(kMachinePolicy, "Limit = \"1\"\n");
     EXPECT_TRUE(ReadPolicyDword(u"Limit", &value));

@@ -88,6 +88,9 @@ public:
 
     const VMarks& GetMarks() const { return m_marks; }
     void SetMarks(const VMarks& marks);
+    /// Whether a search has found the control; shown among the marks.
+    bool IsFound() const { return m_isFound; }
+    void SetFound(bool isFound) { Assign(m_isFound, isFound, VChange::Marks); }
 
     /// Texts that the control must be wide enough for, beyond the one that it shows.
     const VUnicodeString& GetWidestText() const { return m_widest; }
@@ -125,6 +128,7 @@ private:
     bool m_isEnabled;
     bool m_isVisible;
     bool m_growsWithText = false;
+    bool m_isFound = false;
 };
 
 } // namespace ostrand

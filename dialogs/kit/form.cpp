@@ -151,6 +151,14 @@ void VForm::CollectFocusTargets(std::vector<VFocusTarget>& targets)
     }
 }
 
+void VForm::CollectForms(std::vector<VForm*>& forms)
+{
+    forms.push_back(this);
+    for (const auto& control : m_controls)
+        if (const auto* const place = dynamic_cast<const VPlaceControl*>(control.get()); place && place->GetContent())
+            place->GetContent()->CollectForms(forms);
+}
+
 void VForm::SetFocusTarget(const VFocusTarget& target)
 {
     VFocusTarget& focus = Top().m_focus;
@@ -297,6 +305,7 @@ void VForm::ControlChanged(VControl& control, VChange change)
 {
     if (m_view)
         m_view->ControlChanged(control, change);
+    Top().ChangedWithin(*this, control, change);
     if (!control.CanFocus() && control.GetId() != 0 && GetFocus() == control.GetId())
         PassFocusOn(control.GetId());
 }

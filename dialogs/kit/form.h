@@ -71,6 +71,8 @@ public:
     VFocusTarget GetFocusTarget() const { return Top().m_focus; }
     void SetFocusTarget(const VFocusTarget& target);
 
+    /// This form, and those in places of it.
+    void CollectForms(std::vector<VForm*>& forms);
     /// The dialog that the form stands in; one that stands nowhere is its own top.
     const VForm& Top() const;
     VForm& Top() { return const_cast<VForm&>(std::as_const(*this).Top()); }
@@ -122,6 +124,8 @@ protected:
         On(ids, event, [this, handler] { (static_cast<F*>(this)->*handler)(); });
     }
     void SetParentForm(VForm* parent) { m_parent = parent; }
+    /// Told to the top form, of every form within it.
+    virtual void ChangedWithin(const VForm&, const VControl&, VChange) {}
     /// For destructors of forms that others may still speak to: from here on neither handlers nor a view are called.
     void Silence();
     /// Locks what administrators decide, shows the copies, sets the marks: the beginning of a form on the screen.

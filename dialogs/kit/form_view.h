@@ -17,6 +17,8 @@ public:
     virtual void ControlChanged(VControl& control, VChange change) = 0;
     /// Null: the focus has left the form.
     virtual void FocusChanged(VControl* control) = 0;
+    /// The user is to see the control, which may be unable to have the focus.
+    virtual void BringIntoSight(VControl&) {}
     /// The toolkit's window, for boxes above it.
     virtual void* Window() = 0;
 
@@ -26,8 +28,9 @@ public:
     virtual void Ended() {}
 
     // Of dialogs with a page tree alone.
-    /// Nodes came, went, were renamed, expanded or collapsed.
+    /// Rows came, went, were renamed, expanded or collapsed.
     virtual void TreeChanged() {}
+    /// Another page is active, or another row selected.
     virtual void ActivePageChanged() {}
 
 protected:

@@ -8,6 +8,7 @@ namespace ostrand {
 // Virtual keys that dialogs act on themselves.
 inline constexpr unsigned kKeyTab = 0x09;
 inline constexpr unsigned kKeyReturn = 0x0D;
+inline constexpr unsigned kKeyDown = 0x28;
 inline constexpr unsigned kKeyEscape = 0x1B;
 inline constexpr unsigned kKeyF1 = 0x70;
 

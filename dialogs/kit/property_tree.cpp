@@ -1,6 +1,9 @@
 #include "dialogs/kit/property_tree.h"
 
 #include <algorithm>
+#include <set>
+#include <tuple>
+#include <utility>
 
 namespace ostrand {
 
@@ -11,9 +14,9 @@ using namespace layout;
 
 // clang-format off
 constexpr auto kTreeDialog = layout::Page(u"",
-    Row(Column(Field(u"Search:", Edit(D::SearchText, MaxChars{80}, Grow)),
-               Tree(D::PageTree, Grow),
-               Report(D::Hits, Hidden, NoHeadings, Grow, layout::Heading(u"Setting", 240))),
+    Row(Column(Field(u"Search:", Edit(D::SearchText, MaxChars{80}, Width{12}, Grow)),
+               Label(D::HitCount, u"", Hidden),
+               Tree(D::PageTree, Grow)),
         Column(Label(D::Heading, u""),
                Place(D::Page, Grow))),
     Row(Stretch(),
@@ -49,6 +52,16 @@ Pages Lacking(const Pages& pages, const Pages& others)
     return lacking;
 }
 
+void MarkFound(VForm& page, const std::set<std::pair<const VForm*, VControlId>>& found)
+{
+    std::vector<VForm*> forms;
+    page.CollectForms(forms);
+    for (const VForm* const form : forms)
+        for (size_t i = 0; i < form->GetTemplate().Items().size(); ++i)
+            if (VControl* const control = form->ControlOfItem(i); control && control->GetItem().TakesFocus())
+                control->SetFound(found.count({form, control->GetId()}) != 0);
+}
+
 } // namespace
 
 VPropertyTreeDialog::VPropertyTreeDialog(const VUnicodeString& title, VTreeStyle style, VPropertyPageStateMap* states,
@@ -60,14 +73,14 @@ VPropertyTreeDialog::VPropertyTreeDialog(const VUnicodeString& title, VTreeStyle
     Control(Apply).Show(style == VTreeStyle::WithApply);
     On({Apply}, VEventKind::Clicked, &VPropertyTreeDialog::OnApplyClicked);
     On({SearchText}, VEventKind::TextChanged, &VPropertyTreeDialog::OnSearchChanged);
-    On({Hits}, VEventKind::SelectionChanged, &VPropertyTreeDialog::OnHitSelected);
-    On({Hits}, VEventKind::DoubleClicked, &VPropertyTreeDialog::OnHitChosen);
 }
 
 VPropertyTreeDialog::~VPropertyTreeDialog()
 {
-    for (VPropertyTreePage* const page : AllPages())
+    for (VPropertyTreePage* const page : AllPages()) {
+        MarkFound(*page, {});
         page->SetParentForm(nullptr);
+    }
     for (VPropertyTreePage* const page : m_pages)
         page->m_dialog = nullptr;
 }
@@ -109,9 +122,10 @@ void VPropertyTreeDialog::ChangeTree(const std::function<void()>& change)
         page->OnShow(false);
     for (VPropertyTreePage* const page : Lacking(after, before))
         page->OnShow(true);
+    m_search.Clear();
+    if (m_isSearching)
+        SearchAnew();
     TellTree();
-    if (!Control(SearchText).GetText().IsEmpty())
-        OnSearchChanged();
     if (m_isOpen && !m_isClearing)
         ReplaceLostActive();
 }
@@ -155,8 +169,10 @@ void VPropertyTreeDialog::RemovePage(VPropertyTreePage* page)
         std::erase(page->m_parentPage ? page->m_parentPage->m_children : m_pages, page);
         page->m_parentPage = nullptr;
         page->m_dialog = nullptr;
-        for (VPropertyTreePage* const each : removed)
+        for (VPropertyTreePage* const each : removed) {
+            MarkFound(*each, {});
             each->SetParentForm(nullptr);
+        }
     });
 }
 
@@ -179,8 +195,17 @@ void VPropertyTreeDialog::SetClearSelected(bool clear)
         ReplaceLostActive();
 }
 
+void VPropertyTreeDialog::ExpandAbove(VPropertyTreePage& page)
+{
+    for (VPropertyTreePage* above = page.GetParentPage(); above; above = above->GetParentPage())
+        if (!std::exchange(above->m_isExpanded, true))
+            TellTree();
+}
+
 void VPropertyTreeDialog::Expand(VPropertyTreePage& page, bool isExpanded)
 {
+    if (m_isSearching)
+        return;
     bool coversActive = false;
     for (const VPropertyTreePage* above = m_active; above; above = above->GetParentPage())
         coversActive = coversActive || above->GetParentPage() == &page;
@@ -215,6 +240,8 @@ void VPropertyTreeDialog::Activate(VPropertyTreePage* page)
     VPropertyTreePage* const before = m_active;
     m_active = page;
     m_isOpen = true;
+    if (page && !m_isSearching)
+        ExpandAbove(*page);
     Put(Page, page);
     if (before && before->InternalGetParentDialog() == this)
         before->SetParentForm(this);
@@ -228,13 +255,16 @@ void VPropertyTreeDialog::Activate(VPropertyTreePage* page)
     if (GetView())
         GetView()->ActivePageChanged();
     if (!GetFocusTarget().form)
-        SetFocus(Control(PageTree).CanFocus() ? PageTree : Hits);
+        SetFocus(PageTree);
 }
 
 // Life
 
 void VPropertyTreeDialog::Begin()
 {
+    Control(SearchText).SetText(u"");
+    m_search.Clear(); // records may have come
+    m_isSearchDue = false;
     for (VPropertyTreePage* const page : AllPages()) {
         page->m_isCreated = false; // a former run may have created it
         page->PreModal(this);
@@ -318,11 +348,25 @@ void VPropertyTreeDialog::OnApplyClicked()
 
 // The search
 
+std::vector<VTreeRow> VPropertyTreeDialog::GetTreeRows() const
+{
+    return m_isSearching ? RowsOfHits(m_pages, m_hits) : RowsOfPages(m_pages);
+}
+
+int VPropertyTreeDialog::GetSelectedRow() const
+{
+    const std::vector<VTreeRow> rows = GetTreeRows();
+    const auto selected = std::find_if(rows.begin(), rows.end(), [this](const VTreeRow& row) {
+        return m_chosenHit >= 0 ? row.hit == m_chosenHit : row.page == m_active;
+    });
+    return selected == rows.end() ? -1 : static_cast<int>(selected - rows.begin());
+}
+
 std::vector<VSearchHit> VPropertyTreeDialog::Search(std::u16string_view words)
 {
     std::vector<VSearchHit> hits;
     for (VPropertyTreePage* const page : GetVisiblePages())
-        SearchPage(*page, words, hits);
+        m_search.Search(*page, words, hits);
     std::sort(hits.begin(), hits.end(), [](const VSearchHit& a, const VSearchHit& b) {
         return a.score != b.score ? a.score > b.score : a.order < b.order;
     });
@@ -331,58 +375,126 @@ std::vector<VSearchHit> VPropertyTreeDialog::Search(std::u16string_view words)
 
 bool VPropertyTreeDialog::GoTo(const VSearchHit& hit, bool withFocus)
 {
-    VPropertyTreePage& page = *hit.page; // the hit may be one of the list's own
-    const VControlId control = hit.control;
-    if (!SelectPage(page))
+    const auto [page, form, id] = std::tuple(hit.page, hit.form, hit.control); // handlers may end the search
+    if (!SelectPage(*page) || m_active != page)
         return false;
-    if (withFocus)
-        page.SetFocus(control);
+    std::vector<VForm*> forms;
+    page->CollectForms(forms);
+    VControl* const control = std::find(forms.begin(), forms.end(), form) == forms.end() ? nullptr : form->Find(id);
+    if (control && form->GetView())
+        form->GetView()->BringIntoSight(*control);
+    if (control && withFocus)
+        form->SetFocus(id);
+    else if (withFocus)
+        page->OnReceivedFocus();
     return true;
+}
+
+bool VPropertyTreeDialog::ChooseRow(size_t index, bool withFocus)
+{
+    const std::vector<VTreeRow> rows = GetTreeRows();
+    if (index >= rows.size())
+        return false;
+    const VTreeRow& row = rows[index];
+    const int before = std::exchange(m_chosenHit, row.hit);
+    const VSearchHit wanted =
+        row.hit < 0 ? VSearchHit{row.page, row.page, 0, 0, 0, {}} : m_hits[static_cast<size_t>(row.hit)];
+    const bool isDone = GoTo(wanted, withFocus);
+    if (!isDone)
+        m_chosenHit = before < static_cast<int>(m_hits.size()) ? before : -1;
+    if (GetView())
+        GetView()->ActivePageChanged();
+    return isDone;
+}
+
+bool VPropertyTreeDialog::SelectRow(size_t row) { return ChooseRow(row, false); }
+
+bool VPropertyTreeDialog::OpenRow(size_t row) { return ChooseRow(row, true); }
+
+void VPropertyTreeDialog::StartSearch()
+{
+    if (SetFocus(SearchText))
+        At<VEditControl>(SearchText).SelectAll();
 }
 
 void VPropertyTreeDialog::OnSearchChanged()
 {
-    const VUnicodeString words = Control(SearchText).GetText().Trimmed();
-    VReportControl& list = At<VReportControl>(Hits);
-    m_hits.clear();
-    list.Clear();
-    m_hits = Search(words);
+    const bool wasSearching = std::exchange(m_isSearching, !Control(SearchText).GetText().Trimmed().IsEmpty());
+    if (wasSearching && !m_isSearching && m_active)
+        ExpandAbove(*m_active);
+    SearchAnew();
+    TellTree();
+}
+
+/// The hit that was chosen stays so while it is found.
+void VPropertyTreeDialog::SearchAnew()
+{
+    const VSearchHit chosen = m_chosenHit < 0 ? VSearchHit{} : m_hits[static_cast<size_t>(m_chosenHit)];
+    m_hits = m_isSearching ? Search(Control(SearchText).GetText()) : std::vector<VSearchHit>();
+    const auto again = std::find_if(m_hits.begin(), m_hits.end(), [&](const VSearchHit& hit) {
+        return hit.form == chosen.form && hit.control == chosen.control;
+    });
+    m_chosenHit = again == m_hits.end() ? -1 : static_cast<int>(again - m_hits.begin());
+    std::set<std::pair<const VForm*, VControlId>> found;
     for (const VSearchHit& hit : m_hits)
-        list.Insert(list.GetCount(), {hit.text});
-    list.Show(!words.IsEmpty());
-    Control(PageTree).Show(words.IsEmpty());
+        found.insert({hit.form, hit.control});
+    for (VPropertyTreePage* const page : AllPages())
+        MarkFound(*page, found);
+    ShowHitCount();
+}
+
+void VPropertyTreeDialog::ShowHitCount()
+{
+    const size_t count = m_hits.size();
+    Control(HitCount).SetText(count == 0   ? Translate(u"No setting found")
+                              : count == 1 ? Translate(u"1 hit")
+                                           : TranslateFormat(u"%1!u! hits", count));
+    Control(HitCount).Show(m_isSearching);
+}
+
+/// A page that shows or hides something of itself does so in the middle of its work.
+void VPropertyTreeDialog::ChangedWithin(const VForm& form, const VControl& control, VChange change)
+{
+    const bool isTyped = control.GetKind() == VItemKind::Edit || control.GetKind() == VItemKind::MultiLine;
+    const bool isText = change == VChange::Label || (change == VChange::Text && !isTyped);
+    if (&form == this || !(isText || change == VChange::Content || change == VChange::Visible))
+        return;
+    m_search.Clear();
+    if (!m_isSearching || std::exchange(m_isSearchDue, true))
+        return;
+    PostToSelf([this] {
+        m_isSearchDue = false;
+        OnSearchChanged();
+    });
 }
 
 bool VPropertyTreeDialog::PreTranslateMessage(const VKeyEvent& key)
 {
-    const bool isSearching = Control(Hits).IsVisible() && (GetFocus() == SearchText || GetFocus() == Hits);
-    if (!isSearching || key.kind != VKeyEvent::Kind::Down)
-        return VDialog::PreTranslateMessage(key);
-    if (key.virtualKey == kKeyEscape) {
+    const bool isOurs =
+        m_isSearching && key.kind == VKeyEvent::Kind::Down && (GetFocus() == SearchText || GetFocus() == PageTree);
+    return (isOurs && HandleSearchKey(key.virtualKey)) || VDialog::PreTranslateMessage(key);
+}
+
+bool VPropertyTreeDialog::HandleSearchKey(unsigned virtualKey)
+{
+    const bool isTyping = GetFocus() == SearchText;
+    if (virtualKey == kKeyEscape) {
         Control(SearchText).SetText(u"");
         return true;
     }
-    if (key.virtualKey != kKeyReturn)
-        return VDialog::PreTranslateMessage(key);
-    VReportControl& list = At<VReportControl>(Hits);
-    if (list.GetSelected() < 0 && list.GetCount() > 0)
-        list.Select(0);
-    OnHitChosen();
+    const bool isReturn = virtualKey == kKeyReturn;
+    if (!isReturn && !(isTyping && virtualKey == kKeyDown))
+        return false;
+    const std::vector<VTreeRow> rows = GetTreeRows();
+    const auto best = std::find_if(rows.begin(), rows.end(), [](const VTreeRow& row) { return row.hit == 0; });
+    const int row = isTyping ? static_cast<int>(best - rows.begin()) : GetSelectedRow();
+    if (row < 0 || row >= static_cast<int>(rows.size()))
+        return true;
+    if (isReturn)
+        OpenRow(static_cast<size_t>(row));
+    else if (SelectRow(static_cast<size_t>(row)))
+        SetFocus(PageTree);
     return true;
-}
-
-void VPropertyTreeDialog::OnHitSelected()
-{
-    const size_t row = static_cast<size_t>(At<VReportControl>(Hits).GetSelected());
-    if (row < m_hits.size())
-        GoTo(m_hits[row], false);
-}
-
-void VPropertyTreeDialog::OnHitChosen()
-{
-    const size_t row = static_cast<size_t>(At<VReportControl>(Hits).GetSelected());
-    if (row < m_hits.size())
-        GoTo(m_hits[row], true);
 }
 
 } // namespace ostrand

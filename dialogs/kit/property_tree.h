@@ -3,7 +3,7 @@
 
 #include "dialogs/kit/dialog.h"
 #include "dialogs/kit/property_page.h"
-#include "dialogs/kit/setting_search.h"
+#include "dialogs/kit/property_tree_rows.h"
 
 namespace ostrand {
 
@@ -18,7 +18,7 @@ enum class VTreeStyle : uint8_t { Plain, WithApply };
 
 class OSTRAND_API VPropertyTreeDialog : public VDialog, public IPropertyTreeDialog {
 public:
-    enum Id : VControlId { SearchText = 1, PageTree, Hits, Heading, Page, Ok, Cancel, Apply };
+    enum Id : VControlId { SearchText = 1, HitCount, PageTree, Heading, Page, Ok, Cancel, Apply };
 
     /// `states`, which may be null, is borrowed and outlives the dialog.
     VPropertyTreeDialog(const VUnicodeString& title, VTreeStyle style, VPropertyPageStateMap* states,
@@ -46,12 +46,26 @@ public:
     VPropertyTreePage* GetActivePage() const { return m_active; }
     /// As a choice in the tree: the active page may refuse to be left, then false.
     bool SelectPage(VPropertyTreePage& page);
+    /// During a search everything is expanded; then it changes nothing.
     void Expand(VPropertyTreePage& page, bool isExpanded);
 
-    /// Settings of the visible pages that fit the words, the best first.
+    /// What the tree shows.
+    std::vector<VTreeRow> GetTreeRows() const;
+    /// The row of the hit that was chosen last, or of the active page; -1 for none.
+    int GetSelectedRow() const;
+    /// As a choice in the tree: shows the page, of a hit with its control in sight.
+    bool SelectRow(size_t row);
+    /// ... and leads into it.
+    bool OpenRow(size_t row);
+
+    /// Pages and settings in sight that fit the words, the best first.
     std::vector<VSearchHit> Search(std::u16string_view words);
     /// Shows the hit's page, and leads to its control if `withFocus`. False when the active page refuses to be left.
     bool GoTo(const VSearchHit& hit, bool withFocus);
+    /// Leads to where the words are typed.
+    void StartSearch();
+    /// Whether the tree shows what a search has found.
+    bool IsSearching() const { return m_isSearching; }
 
 protected:
     bool OnInitDialog() override;
@@ -60,7 +74,7 @@ protected:
     void OnCancel() override;
     void OnDestroy() override;
     void OnHelp() override;
-    /// In the search, Return goes to a hit and Escape ends the search.
+    /// In a search, Return goes to the best hit or the selected row, Down to the best hit, and Escape ends the search.
     bool PreTranslateMessage(const VKeyEvent& key) override;
     /// After Apply has left the active page.
     virtual void OnApply();
@@ -71,6 +85,7 @@ private:
     friend class VPropertyTreePage;
 
     void Begin() override;
+    void ChangedWithin(const VForm& form, const VControl& control, VChange change) override;
     /// Changes the tree and tells the pages that come into sight or go; an active page that goes is replaced.
     void ChangeTree(const std::function<void()>& change);
     void ReplaceLostActive();
@@ -82,15 +97,22 @@ private:
     void TellTree();
     void OnApplyClicked();
     void OnSearchChanged();
-    void OnHitSelected();
-    void OnHitChosen();
+    void SearchAnew();
+    void ShowHitCount();
+    void ExpandAbove(VPropertyTreePage& page);
+    bool ChooseRow(size_t row, bool withFocus);
+    bool HandleSearchKey(unsigned virtualKey);
 
     VPropertyPageStateMap* const m_states;
     std::vector<VPropertyTreePage*> m_pages;  // top level
     std::vector<VUnicodeString> m_builtPages; // names of those that were there before the dialog opened
     VPropertyTreePage* m_active = nullptr;
     std::vector<VPropertyTreePage*> m_heirs; // of an active page that has gone: it, then those above it; compared only
-    std::vector<VSearchHit> m_hits;          // one for each row of Hits
+    VSettingSearch m_search;
+    std::vector<VSearchHit> m_hits; // of what stands in SearchText, the best first
+    int m_chosenHit = -1;           // whose row is selected
+    bool m_isSearching = false;
+    bool m_isSearchDue = false;
     bool m_isNewSession = false;
     bool m_isClearing = false;
     bool m_isOpen = false; // a page has been chosen

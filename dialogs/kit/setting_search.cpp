@@ -1,8 +1,8 @@
 #include "dialogs/kit/setting_search.h"
 
+#include "core/fold.h"
 #include "dialogs/kit/accessible_name.h"
 #include "dialogs/kit/property_page.h"
-#include "dialogs/kit/word_match.h"
 
 #include <algorithm>
 
@@ -10,57 +10,15 @@ namespace ostrand {
 
 namespace {
 
-/// A text under which a control is found, and how much a match in it counts.
-struct Haystack {
-    VUnicodeString text;
-    int weight;
-};
+constexpr int kPageWeight = 9;
 
-void AddOptions(const VTemplateItem& item, std::vector<Haystack>& texts)
+std::vector<std::u16string> WordsOf(std::u16string_view text)
 {
-    for (size_t i = 1; i <= item.descendants; ++i)
-        if (const VTemplateItem& part = *(&item + i); part.kind == VItemKind::Option || part.kind == VItemKind::Item)
-            texts.push_back({WithoutMark(Translate(part.text)), 6});
-}
-
-std::vector<Haystack> TextsOf(const VPropertyTreePage& page, size_t index)
-{
-    const VTemplateItem& item = page.GetTemplate().Items()[index];
-    std::vector<Haystack> texts = {{AccessibleName(page, index), 10}, {Translate(item.synonyms), 7}};
-    AddOptions(item, texts);
-    const VBinding* const binding = page.BindingOf(item.id);
-    if (const VSchemaEntry* const entry = binding ? binding->Entry() : nullptr) {
-        texts.push_back({entry->name, 8});
-        texts.push_back({Translate(entry->meaning), 3});
-    }
-    if (const VControl* const group = GroupAround(page, index))
-        texts.push_back({group->GetName(), 4});
-    texts.push_back({page.GetTreeLabel(), 2});
-    return texts;
-}
-
-/// 0 unless every word fits somewhere.
-int Score(const std::vector<VUnicodeString>& words, const std::vector<Haystack>& texts)
-{
-    int score = 0;
-    for (const VUnicodeString& word : words) {
-        int best = 0;
-        for (const Haystack& haystack : texts)
-            best = std::max(best, haystack.weight * MatchWord(word, haystack.text));
-        if (best == 0)
-            return 0;
-        score += best;
-    }
-    return score;
-}
-
-std::vector<VUnicodeString> WordsOf(std::u16string_view text)
-{
-    std::vector<VUnicodeString> words;
+    std::vector<std::u16string> words;
     while (!text.empty()) {
         const size_t end = std::min(text.find_first_of(u" \t"), text.size());
         if (end > 0)
-            words.emplace_back(text.substr(0, end));
+            words.push_back(FoldedCase(text.substr(0, end)));
         text.remove_prefix(std::min(end + 1, text.size()));
     }
     return words;
@@ -68,15 +26,99 @@ std::vector<VUnicodeString> WordsOf(std::u16string_view text)
 
 } // namespace
 
-void SearchPage(VPropertyTreePage& page, std::u16string_view text, std::vector<VSearchHit>& hits)
+/// 0 unless every word fits somewhere, one of them in a text of the control's own.
+int VSettingSearch::Score(const std::vector<std::u16string>& words, const std::vector<Text>& texts)
 {
-    const std::vector<VUnicodeString> words = WordsOf(text);
-    const std::span<const VTemplateItem> items = page.GetTemplate().Items();
+    int score = 0;
+    bool anyOwn = false;
+    for (const std::u16string& word : words) {
+        int best = 0;
+        for (const Text& text : texts)
+            if (const int match = text.weight * MatchWord(word, text.text); match > 0) {
+                best = std::max(best, match);
+                anyOwn = anyOwn || text.isOwn;
+            }
+        if (best == 0)
+            return 0;
+        score += best;
+    }
+    return anyOwn ? score : 0;
+}
+
+std::vector<VSettingSearch::Text> VSettingSearch::TextsOf(const VPropertyTreePage& page, const VForm& form, size_t item)
+{
+    std::vector<Text> texts;
+    const auto add = [&texts](const VUnicodeString& text, int weight, bool isOwn = true) {
+        if (!text.IsEmpty())
+            texts.push_back({VFoldedText(text), weight, isOwn});
+    };
+    const std::span<const VTemplateItem> items = form.GetTemplate().Items();
+    add(AccessibleName(form, item), 10);
+    add(Translate(items[item].synonyms), 7);
+    for (size_t i = item + 1; i <= item + items[item].descendants; ++i)
+        if (items[i].kind == VItemKind::Option || items[i].kind == VItemKind::Item)
+            add(WithoutMark(Translate(items[i].text)), 6);
+    const VBinding* const binding = form.BindingOf(items[item].id);
+    if (const VSchemaEntry* const entry = binding ? binding->Entry() : nullptr) {
+        add(entry->name, 8);
+        add(Translate(entry->meaning), 3);
+    }
+    if (const VControl* const group = GroupAround(form, item))
+        add(group->GetName(), 4);
+    add(page.GetTreeLabel(), 2, false);
+    return texts;
+}
+
+void VSettingSearch::Add(VPropertyTreePage& page, VForm& form, std::vector<Entry>& entries)
+{
+    const std::span<const VTemplateItem> items = form.GetTemplate().Items();
     for (size_t i = 0; i < items.size(); ++i) {
-        if (!items[i].TakesFocus() || items[i].kind == VItemKind::Place || !page.ControlOfItem(i)->IsVisible())
+        const VControl* const control = form.ControlOfItem(i);
+        if (const auto* const place = dynamic_cast<const VPlaceControl*>(control)) {
+            if (place->GetContent() && place->IsVisible())
+                Add(page, *place->GetContent(), entries);
+        } else if (items[i].TakesFocus()) {
+            Entry& entry = entries.emplace_back();
+            entry.hit.page = &page;
+            entry.hit.form = &form;
+            entry.hit.control = items[i].id;
+            entry.hit.name = AccessibleName(form, i);
+            entry.control = control;
+            entry.texts = TextsOf(page, form, i);
+        }
+    }
+}
+
+const std::vector<VSettingSearch::Entry>& VSettingSearch::EntriesOf(VPropertyTreePage& page)
+{
+    if (const unsigned language = TextHookVersion(); m_language != language) {
+        m_language = language;
+        Clear();
+    }
+    const auto [at, isNew] = m_pages.try_emplace(&page);
+    if (isNew) {
+        Entry& entry = at->second.emplace_back();
+        entry.hit.page = &page;
+        entry.hit.form = &page;
+        entry.hit.name = page.GetTreeLabel();
+        entry.texts.push_back({VFoldedText(page.GetTreeLabel()), kPageWeight, true});
+        Add(page, page, at->second);
+    }
+    return at->second;
+}
+
+void VSettingSearch::Search(VPropertyTreePage& page, std::u16string_view words, std::vector<VSearchHit>& hits)
+{
+    const std::vector<std::u16string> wanted = WordsOf(words);
+    for (const Entry& entry : EntriesOf(page)) {
+        if (entry.control && !entry.control->IsVisible())
             continue;
-        if (const int score = Score(words, TextsOf(page, i)); score > 0)
-            hits.push_back({&page, items[i].id, score, hits.size(), page.GetPath() + u": " + AccessibleName(page, i)});
+        const int score = Score(wanted, entry.texts);
+        if (score == 0)
+            continue;
+        hits.push_back(entry.hit);
+        hits.back().score = score;
+        hits.back().order = hits.size() - 1;
     }
 }
 

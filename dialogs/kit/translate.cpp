@@ -10,6 +10,7 @@ namespace ostrand {
 namespace {
 
 VTextHook g_hook = nullptr;
+unsigned g_hookVersion = 0;
 
 /// Calls `mark` with each letter that a single "&" marks, `plain` with every other character.
 template <class Mark, class Plain>
@@ -27,7 +28,13 @@ void ScanMarks(std::u16string_view text, const Mark& mark, const Plain& plain)
 
 } // namespace
 
-void SetTextHook(VTextHook hook) { g_hook = hook; }
+void SetTextHook(VTextHook hook)
+{
+    g_hook = hook;
+    ++g_hookVersion;
+}
+
+unsigned TextHookVersion() { return g_hookVersion; }
 
 VUnicodeString Translate(const char16_t* text)
 {

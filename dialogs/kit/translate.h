@@ -10,6 +10,9 @@ namespace ostrand {
 using VTextHook = VUnicodeString (*)(std::u16string_view text);
 /// Null: texts are shown as they are written. Set at start-up, on the main thread.
 OSTRAND_API void SetTextHook(VTextHook hook);
+/// Another number after each SetTextHook, for those who keep texts. An application whose hook goes over to another
+/// language sets it anew.
+OSTRAND_API unsigned TextHookVersion();
 
 /// Null counts as empty.
 OSTRAND_API VUnicodeString Translate(const char16_t* text);

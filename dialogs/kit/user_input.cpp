@@ -99,9 +99,26 @@ bool VUserInput::DoubleClick(VControlId id, int row)
 
 bool VUserInput::ChoosePage(VPropertyTreePage& page)
 {
+    VPropertyTreeDialog* const dialog = page.IsInVisibleTree() ? ReachTree() : nullptr;
+    return dialog && dialog->SelectPage(page);
+}
+
+VPropertyTreeDialog* VUserInput::ReachTree()
+{
     auto* const dialog = dynamic_cast<VPropertyTreeDialog*>(&m_form.Top());
-    return dialog && page.IsInVisibleTree() && dialog->SetFocus(VPropertyTreeDialog::PageTree) &&
-           dialog->SelectPage(page);
+    return dialog && dialog->SetFocus(VPropertyTreeDialog::PageTree) ? dialog : nullptr;
+}
+
+bool VUserInput::ChooseTreeRow(int row)
+{
+    VPropertyTreeDialog* const dialog = ReachTree();
+    return dialog && row >= 0 && dialog->SelectRow(static_cast<size_t>(row));
+}
+
+bool VUserInput::OpenTreeRow(int row)
+{
+    VPropertyTreeDialog* const dialog = ReachTree();
+    return dialog && row >= 0 && dialog->OpenRow(static_cast<size_t>(row));
 }
 
 bool VUserInput::PressKey(const VKeyEvent& key)

@@ -7,6 +7,8 @@
 
 namespace ostrand {
 
+class VPropertyTreeDialog;
+
 class OSTRAND_API VUserInput {
 public:
     /// Borrows the form.
@@ -24,6 +26,9 @@ public:
     bool SelectRows(VControlId report, const std::vector<int>& rows);
     bool DoubleClick(VControlId report, int row);
     bool ChoosePage(VPropertyTreePage& page);
+    /// A row of the page tree is selected, or opened: that leads into its page.
+    bool ChooseTreeRow(int row);
+    bool OpenTreeRow(int row);
     /// A key goes through the dialog first. False for a key that no keyboard has.
     bool PressKey(const VKeyEvent& key);
 
@@ -31,6 +36,8 @@ private:
     /// The control, focused, if a user can work on it.
     template <class C>
     C* Reach(VControlId id);
+    /// The dialog, its page tree focused.
+    VPropertyTreeDialog* ReachTree();
 
     VForm& m_form;
 };

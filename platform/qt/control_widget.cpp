@@ -54,7 +54,10 @@ void ControlWidget::Update(VChange change)
     Draw(change);
 }
 
-void ControlWidget::DescribeMarks() { FocusWidget()->setAccessibleDescription(ToQt(MarkWords(m_model.GetMarks()))); }
+void ControlWidget::DescribeMarks()
+{
+    FocusWidget()->setAccessibleDescription(ToQt(MarkWords(m_model.GetMarks(), m_model.IsFound())));
+}
 
 void ControlWidget::TakeFocus()
 {
@@ -62,9 +65,14 @@ void ControlWidget::TakeFocus()
     const QWidget* const held = wanted->window()->focusWidget();
     if (held != wanted && !Widget()->isAncestorOf(held))
         wanted->setFocus(Qt::TabFocusReason); // which selects the text of an edit
-    for (QWidget* above = wanted->parentWidget(); above; above = above->parentWidget())
+    ScrollIntoSight();
+}
+
+void ControlWidget::ScrollIntoSight()
+{
+    for (QWidget* above = FocusWidget()->parentWidget(); above; above = above->parentWidget())
         if (auto* const scrolled = qobject_cast<QScrollArea*>(above))
-            scrolled->ensureWidgetVisible(wanted);
+            scrolled->ensureWidgetVisible(FocusWidget());
 }
 
 QRect ControlWidget::AreaOf(const QWidget& part) const

@@ -35,6 +35,7 @@ public:
     void Update(VChange change);
     void UpdateAll();
     void TakeFocus();
+    void ScrollIntoSight();
     /// Of the widget with its label, in coordinates of the form's widget; empty when hidden.
     QRect Area() const;
     /// The part of it that marks stand beside.

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <typeinfo>
+#include <utility>
 
 namespace ostrand::qt {
 
@@ -72,7 +73,11 @@ std::string DialogWindow::SizeName() const { return typeid(m_dialog).name(); }
 void DialogWindow::RestoreSize()
 {
     VWindowSize size;
-    const QSize wanted = m_sizes.Load(SizeName(), size) ? QSize(size.width, size.height) : sizeHint();
+    QSize wanted = sizeHint();
+    if (m_sizes.Load(SizeName(), size))
+        wanted = QSize(size.width, size.height);
+    else if (layout()->hasHeightForWidth())
+        wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
     resize(wanted.expandedTo(minimumSizeHint()).boundedTo(screen()->availableSize()));
     FitHeight();
 }
@@ -82,6 +87,19 @@ void DialogWindow::FitHeight()
     const QLayout& whole = *layout();
     const int fitting = whole.hasHeightForWidth() ? whole.totalMinimumHeightForWidth(width()) : 0;
     setMinimumHeight(std::max(whole.totalMinimumSize().height(), fitting));
+}
+
+/// For a window that has grown with what it shows.
+void DialogWindow::KeepOnScreen()
+{
+    const QRect screenArea = screen()->availableGeometry();
+    const QRect frame = frameGeometry();
+    const QPoint beyond(std::max(0, frame.right() - screenArea.right()),
+                        std::max(0, frame.bottom() - screenArea.bottom()));
+    const QPoint corner(std::max(frame.left() - beyond.x(), screenArea.left()),
+                        std::max(frame.top() - beyond.y(), screenArea.top()));
+    if (!beyond.isNull())
+        move(corner);
 }
 
 // Host
@@ -113,7 +131,6 @@ void DialogWindow::AfterEvent()
         return;
     if (m_dialog.HasPosted())
         Do([this] { return m_dialog.RunPosted(), true; });
-    MarkFound();
 }
 
 void DialogWindow::FollowFocusLater() { QTimer::singleShot(0, this, &DialogWindow::FollowFocus); }
@@ -130,25 +147,6 @@ void DialogWindow::ShowTitle() { setWindowTitle(ToQt(m_dialog.GetTitle())); }
 
 void DialogWindow::Finish() { m_loop.quit(); }
 
-void DialogWindow::MarkFound()
-{
-    const VPropertyTreePage* const page = m_tree ? m_tree->GetActivePage() : nullptr;
-    auto* const shown = page ? dynamic_cast<FormWidget*>(page->GetView()) : nullptr;
-    if (!shown)
-        return;
-    const VUnicodeString words = m_tree->Control(VPropertyTreeDialog::SearchText).GetText().Trimmed();
-    if (words == m_words && shown == m_marked)
-        return;
-    m_words = words;
-    m_marked = shown;
-    std::set<VControlId> found;
-    if (!words.IsEmpty())
-        for (const VSearchHit& hit : m_tree->Search(words))
-            if (hit.page == page)
-                found.insert(hit.control);
-    shown->SetFound(found);
-}
-
 // Events
 
 bool DialogWindow::event(QEvent* event)
@@ -156,6 +154,8 @@ bool DialogWindow::event(QEvent* event)
     const bool isHandled = QDialog::event(event);
     if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize)
         FitHeight();
+    if (event->type() == QEvent::LayoutRequest && std::exchange(m_least, minimumSize()) != minimumSize())
+        KeepOnScreen();
     return isHandled;
 }
 
@@ -190,7 +190,7 @@ bool DialogWindow::eventFilter(QObject* watched, QEvent* event)
 bool DialogWindow::HandleKey(QKeyEvent& event)
 {
     if (m_tree && event.type() == QEvent::KeyPress && event.matches(QKeySequence::Find))
-        return Do([this] { return m_tree->SetFocus(VPropertyTreeDialog::SearchText); }), true;
+        return Do([this] { return m_tree->StartSearch(), true; });
     const VKeyEvent key = ToKeyEvent(event);
     bool isTaken = false;
     Do([this, &key, &isTaken] { return isTaken = m_dialog.HandleKey(key); });

@@ -41,11 +41,10 @@ private:
     bool HandleKey(QKeyEvent& event);
     void AfterEvent();
     void FollowFocus();
-    /// Marks what the words of the search fit on the active page.
-    void MarkFound();
     void RestoreSize();
     /// Texts that break their lines need a height that depends on the width.
     void FitHeight();
+    void KeepOnScreen();
     std::string SizeName() const;
 
     VDialog& m_dialog;
@@ -53,8 +52,7 @@ private:
     IWindowSizes& m_sizes;
     FormWidget* m_form;
     QEventLoop m_loop;
-    VUnicodeString m_words;
-    QPointer<QWidget> m_marked; // of m_words
+    QSize m_least; // of what it shows
 };
 
 } // namespace ostrand::qt

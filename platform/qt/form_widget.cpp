@@ -2,8 +2,10 @@
 
 #include "platform/qt/layout_builder.h"
 #include "platform/qt/mark_layer.h"
+#include "platform/qt/outlines.h"
 
 #include <QEvent>
+#include <QTimer>
 
 #include <utility>
 
@@ -19,10 +21,11 @@ FormWidget::FormWidget(VForm& form, IViewHost& host, Margins margins, QWidget* p
     for (size_t i = 0; i < m_widgets.size(); ++i)
         if (form.ControlOfItem(i))
             m_widgets[i] = MakeControlWidget(*this, i);
-    LayoutBuilder(*this).FillForm(margins == Margins::Window);
+    LayoutBuilder(*this).FillForm(margins);
     for (const auto& widget : m_widgets)
         if (widget)
             widget->UpdateAll();
+    ShowOutlines(*this);
     m_model.SetView(this);
 }
 
@@ -52,8 +55,6 @@ ControlWidget* FormWidget::OfId(VControlId id) const
     return control ? OfControl(*control) : nullptr;
 }
 
-void FormWidget::SetFound(const std::set<VControlId>& found) { m_marks->SetFound(found); }
-
 void FormWidget::ControlChanged(VControl& control, VChange change)
 {
     const DrawingScope drawing(m_host);
@@ -65,6 +66,12 @@ void FormWidget::FocusChanged(VControl* control)
 {
     if (control)
         OfControl(*control)->TakeFocus();
+}
+
+void FormWidget::BringIntoSight(VControl& control)
+{
+    ControlWidget* const widget = OfControl(control);
+    QTimer::singleShot(0, widget, [widget] { widget->ScrollIntoSight(); }); // a page that is new has no layout yet
 }
 
 void FormWidget::TreeChanged()
@@ -90,6 +97,9 @@ bool FormWidget::event(QEvent* event)
         m_marks->setGeometry(rect());
         m_marks->raise();
         m_marks->update();
+        break;
+    case QEvent::PaletteChange:
+        ShowOutlines(*this);
         break;
     case QEvent::FontChange:
     case QEvent::StyleChange:

@@ -7,8 +7,6 @@
 
 #include <QWidget>
 
-#include <set>
-
 namespace ostrand::qt {
 
 class MarkLayer;
@@ -16,7 +14,8 @@ class MarkLayer;
 /// The form's view until it is detached. The form must outlive that, or be in its destructor.
 class FormWidget final : public QWidget, public IFormView {
 public:
-    enum class Margins : uint8_t { Window, None };
+    /// A page keeps room for marks, and reaches to the edges of its place on the other sides.
+    enum class Margins : uint8_t { Window, Page, None };
 
     FormWidget(VForm& form, IViewHost& host, Margins margins, QWidget* parent);
     ~FormWidget() override;
@@ -33,12 +32,10 @@ public:
     /// Every control, in the template's order.
     const std::vector<std::unique_ptr<ControlWidget>>& Widgets() const { return m_widgets; }
 
-    /// Which controls a search has found; they are shown as such.
-    void SetFound(const std::set<VControlId>& found);
-
     // IFormView
     void ControlChanged(VControl& control, VChange change) override;
     void FocusChanged(VControl* control) override;
+    void BringIntoSight(VControl& control) override;
     void* Window() override { return m_host.HostWindow(); }
     void TitleChanged() override { m_host.ShowTitle(); }
     void Ended() override { m_host.Finish(); }

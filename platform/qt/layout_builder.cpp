@@ -1,11 +1,12 @@
 #include "platform/qt/layout_builder.h"
 
 #include "platform/qt/controls/radio_widget.h"
-#include "platform/qt/form_widget.h"
 #include "platform/qt/metrics.h"
 
 #include <QSplitter>
 #include <QStyle>
+
+#include <algorithm>
 
 namespace ostrand::qt {
 
@@ -55,12 +56,14 @@ bool LayoutBuilder::WantsHeight(size_t item) const
     }
 }
 
-void LayoutBuilder::FillForm(bool hasMargins)
+void LayoutBuilder::FillForm(FormWidget::Margins margins)
 {
     auto* const grid = new QGridLayout(&m_form);
-    if (hasMargins)
+    if (margins == FormWidget::Margins::Window)
         grid->setContentsMargins(Gutter(m_form), grid->contentsMargins().top(), Gutter(m_form),
                                  grid->contentsMargins().bottom());
+    else if (margins == FormWidget::Margins::Page)
+        grid->setContentsMargins(Gutter(m_form), VerticalSpacing(m_form), 0, 0);
     else
         grid->setContentsMargins({});
     FillColumn(0, *grid);
@@ -71,7 +74,13 @@ void LayoutBuilder::FillForm(bool hasMargins)
 void LayoutBuilder::FillColumn(size_t container, QGridLayout& grid)
 {
     int line = 0;
+    size_t above = container;
     ForEachChild(container, [&](size_t child) {
+        if (above != container)
+            grid.setRowMinimumHeight(line++, RoomBetween(above, child));
+        above = child;
+        if (WantsHeight(child))
+            grid.setRowStretch(line, 1);
         if (Items()[child].kind == VItemKind::Field)
             AddField(child, grid, line);
         else if (Items()[child].kind == VItemKind::Stretch)
@@ -83,11 +92,43 @@ void LayoutBuilder::FillColumn(size_t container, QGridLayout& grid)
     grid.setColumnStretch(1, 1);
     if (!WantsHeight(container))
         grid.setRowStretch(line, 1); // room that is left stays below
+    AlignGroups(container);
+}
+
+/// What sets groups, and the buttons that end a dialog, apart; beyond the spacing of all rows.
+int LayoutBuilder::RoomBetween(size_t above, size_t below) const
+{
+    const auto isGroup = [this](size_t item) {
+        return Items()[item].kind == VItemKind::Group || Items()[item].kind == VItemKind::Place;
+    };
+    const bool isEnd = Items()[below].kind == VItemKind::Row &&
+                       AnyChild(below, [this](size_t item) { return Items()[item].data != 0; });
+    return isGroup(above) || isGroup(below) || isEnd ? VerticalSpacing(m_form) : 0;
+}
+
+void LayoutBuilder::AlignGroups(size_t container)
+{
+    FieldLabel::Groups groups;
+    ForEachChild(container, [&](size_t group) {
+        if (Items()[group].kind != VItemKind::Group)
+            return;
+        groups.emplace_back();
+        ForEachChild(group, [&](size_t field) {
+            if (Items()[field].kind == VItemKind::Field)
+                groups.back().push_back(m_labels.at(field));
+        });
+    });
+    const auto shared = std::make_shared<const FieldLabel::Groups>(groups);
+    for (const auto& [field, label] : m_labels)
+        for (const auto& group : groups)
+            if (std::ranges::find(group, label) != group.end())
+                label->AlignWith(shared);
 }
 
 QLabel* LayoutBuilder::MakeFieldLabel(size_t field)
 {
-    auto* const label = new QLabel(&m_form);
+    auto* const label = new FieldLabel(&m_form);
+    m_labels[field] = label;
     m_form.OfItem(field + 1)->SetFieldLabel(label);
     return label;
 }
@@ -117,6 +158,12 @@ void LayoutBuilder::AddAcross(size_t container, size_t item, QGridLayout& grid, 
 
 // Rows
 
+bool LayoutBuilder::IsOfButtons(size_t item) const
+{
+    return Items()[item].kind == VItemKind::Column &&
+           !AnyChild(item, [this](size_t child) { return Items()[child].kind != VItemKind::Button; });
+}
+
 void LayoutBuilder::FillRow(size_t container, QBoxLayout& row)
 {
     size_t last = container;
@@ -132,7 +179,7 @@ void LayoutBuilder::AddToRow(size_t item, bool isLast, QBoxLayout& row)
     const VItemKind kind = Items()[item].kind;
     if (kind == VItemKind::Stretch)
         return row.addStretch(1);
-    if (!row.isEmpty() && kind != VItemKind::Button && kind != VItemKind::Label)
+    if (!row.isEmpty() && kind != VItemKind::Button && kind != VItemKind::Label && !IsOfButtons(item))
         row.addSpacing(Gutter(m_form)); // its marks stand there
     if (kind == VItemKind::Field) {
         row.addWidget(MakeFieldLabel(item));

@@ -1,22 +1,22 @@
 // From the layout items of a template to Qt's layouts.
 #pragma once
 
-#include "dialogs/kit/template.h"
+#include "platform/qt/field_label.h"
+#include "platform/qt/form_widget.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
-#include <QLabel>
+
+#include <map>
 
 namespace ostrand::qt {
-
-class FormWidget;
 
 /// Puts a form's widgets, which exist, into layouts.
 class LayoutBuilder {
 public:
     explicit LayoutBuilder(FormWidget& form) : m_form(form) {}
 
-    void FillForm(bool hasMargins);
+    void FillForm(FormWidget::Margins margins);
 
 private:
     /// A widget or a layout.
@@ -32,10 +32,14 @@ private:
     bool AnyChild(size_t container, const F& wanted) const;
     bool WantsWidth(size_t item) const;
     bool WantsHeight(size_t item) const;
+    bool IsOfButtons(size_t item) const;
+    int RoomBetween(size_t above, size_t below) const;
 
     /// Children one below the other, the labels of fields in one column.
     void FillColumn(size_t container, QGridLayout& grid);
     void FillRow(size_t container, QBoxLayout& row);
+    /// Labels of fields in groups that stand in one column.
+    void AlignGroups(size_t container);
     void AddField(size_t field, QGridLayout& grid, int line);
     void AddAcross(size_t container, size_t item, QGridLayout& grid, int line);
     void AddToRow(size_t item, bool isLast, QBoxLayout& row);
@@ -47,6 +51,7 @@ private:
     void FillRadio(size_t radio);
 
     FormWidget& m_form;
+    std::map<size_t, FieldLabel*> m_labels; // of fields
 };
 
 } // namespace ostrand::qt

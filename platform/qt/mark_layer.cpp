@@ -7,11 +7,13 @@
 #include <QPainterPath>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace ostrand::qt {
 
 namespace {
 
-constexpr int kFoundAlpha = 56; // of 255
+constexpr int kFoundAlpha = 28; // of 255; what is written below must stay easy to read
 
 void PaintPadlock(QPainter& painter, const QRectF& area, const QColor& color)
 {
@@ -29,17 +31,22 @@ void PaintPadlock(QPainter& painter, const QRectF& area, const QColor& color)
 
 } // namespace
 
+void PaintFound(QPainter& painter, const QRectF& area, const QPalette& palette, qreal unit)
+{
+    const QColor line = MarkColor(palette);
+    QColor tint = line;
+    tint.setAlpha(kFoundAlpha);
+    const qreal width = unit * 0.11;
+    painter.setPen(QPen(line, width));
+    painter.setBrush(tint);
+    painter.drawRoundedRect(area.adjusted(width / 2, width / 2, -width / 2, -width / 2), unit / 4, unit / 4);
+}
+
 MarkLayer::MarkLayer(FormWidget& form) : QWidget(&form), m_form(form)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::NoFocus);
-}
-
-void MarkLayer::SetFound(const std::set<VControlId>& found)
-{
-    m_found = found;
-    update();
 }
 
 void MarkLayer::paintEvent(QPaintEvent*)
@@ -55,13 +62,10 @@ void MarkLayer::PaintMarks(QPainter& painter, const ControlWidget& control)
 {
     const VMarks& marks = control.Model().GetMarks();
     const int unit = Gutter(m_form);
-    if (m_found.count(control.Model().GetId()) != 0) {
-        QColor tint = palette().color(QPalette::Highlight);
-        tint.setAlpha(kFoundAlpha);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(tint);
-        const int around = unit / 4;
-        painter.drawRoundedRect(control.Area().adjusted(-around, -around, around, around), around, around);
+    if (control.Model().IsFound()) {
+        const int around = std::min(unit / 3, VerticalSpacing(m_form) / 2 - 1); // neighbours have theirs, too
+        const QRect area = control.Area().adjusted(-around, -around, around, around);
+        PaintFound(painter, area.intersected(rect()), palette(), unit);
     }
     // The gutter ahead of the control's line, as for a language that is written to the right.
     const QRect area = QStyle::visualRect(layoutDirection(), rect(), control.MarkedArea());
@@ -74,7 +78,7 @@ void MarkLayer::PaintMarks(QPainter& painter, const ControlWidget& control)
                      QuietText(palette()));
     } else if (marks.isChanged) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(palette().color(QPalette::Active, QPalette::Highlight));
+        painter.setBrush(MarkColor(palette()));
         const qreal width = unit * 0.28;
         painter.drawRoundedRect(QRectF(middle.x() - width / 2, gutter.top(), width, gutter.height()), width / 2,
                                 width / 2);

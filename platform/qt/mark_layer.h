@@ -1,13 +1,9 @@
 // MarkLayer: what a form tells about its values, drawn in the gutter beside the controls: a bar at what has changed
 // since the dialog opened, a dot at what differs from the default, a padlock at what an administrator decides; and a
-// tint over what a search has found. It lies above the form's widgets and lets the mouse through.
+// frame around what a search has found. It lies above the form's widgets and lets the mouse through.
 #pragma once
 
-#include "dialogs/kit/control.h"
-
 #include <QWidget>
-
-#include <set>
 
 namespace ostrand::qt {
 
@@ -17,7 +13,6 @@ class FormWidget;
 class MarkLayer final : public QWidget {
 public:
     explicit MarkLayer(FormWidget& form);
-    void SetFound(const std::set<VControlId>& found);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -26,7 +21,9 @@ private:
     void PaintMarks(QPainter& painter, const ControlWidget& control);
 
     FormWidget& m_form;
-    std::set<VControlId> m_found;
 };
+
+/// The frame of what a search has found.
+void PaintFound(QPainter& painter, const QRectF& area, const QPalette& palette, qreal unit);
 
 } // namespace ostrand::qt

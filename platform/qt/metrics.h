@@ -20,5 +20,9 @@ void MakeRoomFor(const QString& text, QAbstractButton& button);
 
 /// A colour between the palette's text and its background, for what isn't to be loud.
 QColor QuietText(const QPalette& palette);
+/// The palette's highlight, as far off its background as shapes must be that say something (WCAG 2, 1.4.11: 3 to 1).
+QColor MarkColor(const QPalette& palette);
+/// 1 to 21, as WCAG 2 defines it.
+double Contrast(const QColor& a, const QColor& b);
 
 } // namespace ostrand::qt

@@ -7,7 +7,7 @@
 
 namespace ostrand::qt {
 
-class RoomyRows final : public QStyledItemDelegate {
+class RoomyRows : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 

@@ -34,13 +34,14 @@ void AddAct(QMenu& menu, FormWidget& form, VControlId id, const char16_t* text, 
 
 } // namespace
 
-VUnicodeString MarkWords(const VMarks& marks)
+VUnicodeString MarkWords(const VMarks& marks, bool isFound)
 {
     VUnicodeString words;
     const auto add = [&words](bool isSo, const char16_t* text) {
         if (isSo)
             words += (words.IsEmpty() ? VUnicodeString() : VUnicodeString(u" ")) + Translate(text);
     };
+    add(isFound, u"Found by the search.");
     add(marks.isLocked, u"Locked by an administrator.");
     add(marks.isChanged, u"Changed since the dialog opened.");
     add(marks.differs, u"Differs from the default.");

@@ -10,7 +10,7 @@ namespace ostrand::qt {
 class FormWidget;
 
 /// What the marks say, for those who don't see them. Empty without a mark.
-VUnicodeString MarkWords(const VMarks& marks);
+VUnicodeString MarkWords(const VMarks& marks, bool isFound = false);
 
 /// The value's meaning and origin as a tooltip. False for a control without a value that any record knows.
 bool ShowOrigin(VForm& form, VControlId id, QWidget& widget, const QPoint& position);

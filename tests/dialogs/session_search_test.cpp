@@ -59,7 +59,7 @@ TEST_F(SessionSearch, FindsWhatIsLookedFor)
         EXPECT_TRUE(std::any_of(
             hits.begin(), end,
             [&](const VSearchHit& hit) { return hit.page == pages[setting.page] && hit.control == setting.control; }))
-            << ToUtf8(words) << ": first is " << (hits.empty() ? "nothing" : ToUtf8(hits.front().text));
+            << ToUtf8(words) << ": first is " << (hits.empty() ? "nothing" : ToUtf8(hits.front().name));
     };
     size_t queries = 0;
     for (const Setting& setting : kSettings) {

@@ -19,11 +19,12 @@ inline QPalette DarkPalette()
     return palette;
 }
 
-/// Each letter of a text stays, in longer words.
+/// Each letter of a text stays, and words of a usual length follow.
 inline VUnicodeString PseudoText(std::u16string_view text)
 {
     std::u16string longer(text);
-    longer.append((text.size() * 4 + 9) / 10, u'\u00FC');
+    for (size_t more = (text.size() * 4 + 9) / 10; more > 0; --more)
+        longer += more % 9 == 8 ? u' ' : u'\u00FC';
     return VUnicodeString(longer);
 }
 
@@ -60,6 +61,15 @@ public:
 private:
     const QFont m_font = QApplication::font();
     const QPalette m_palette = QApplication::palette();
+};
+
+inline constexpr Look::Of kLooks[] = {
+    {"light"},
+    {.name = "dark", .isDark = true},
+    {.name = "double", .scale = 2},
+    {.name = "pseudo", .isPseudo = true},
+    {.name = "pseudo-triple-dark", .scale = 3, .isDark = true, .isPseudo = true},
+    {.name = "right-to-left", .direction = Qt::RightToLeft},
 };
 
 } // namespace ostrand::test

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
@@ -89,6 +90,14 @@ TEST(QtWindow, GrowsWithItsTextAndKeepsItsSize)
         EXPECT_GE(label.height(), label.heightForWidth(label.width()));
         EXPECT_GT(shown.window.height(), before.height());
         shown.Save(QStringLiteral("ask"));
+        ask.ResizeElements(2, u"Yes?");
+        ShownDialog::Settle();
+        const QRect screen = shown.window.screen()->availableGeometry();
+        shown.window.resize(shown.window.minimumSizeHint());
+        shown.window.move(screen.right() - shown.window.width(), screen.bottom() - shown.window.height());
+        ask.ResizeElements(2, kLongText);
+        ShownDialog::Settle();
+        EXPECT_TRUE(screen.contains(shown.window.frameGeometry())) << "it grows into the screen";
         shown.window.resize(700, 500);
     }
     {

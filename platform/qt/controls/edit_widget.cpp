@@ -15,6 +15,7 @@ namespace ostrand::qt {
 namespace {
 
 constexpr int kUsualCharacters = 24;
+constexpr int kUsualOfGrowing = 40;
 constexpr int kFewestCharacters = 12; // of an edit that grows
 constexpr int kNoLimit = 32767;       // Qt's own
 
@@ -74,7 +75,10 @@ private:
     int m_fewest;
 };
 
-int UsualWidth(const VTemplateItem& item) { return item.width > 0 ? item.width : kUsualCharacters; }
+int UsualWidth(const VTemplateItem& item)
+{
+    return item.width > 0 ? item.width : item.Has(VItemFlag::Grow) ? kUsualOfGrowing : kUsualCharacters;
+}
 
 class EditWidget final : public ControlWidget {
 public:

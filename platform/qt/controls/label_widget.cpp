@@ -5,7 +5,8 @@
 #include "platform/qt/metrics.h"
 #include "platform/qt/text.h"
 
-#include <QStyle>
+#include <QScreen>
+#include <QStylePainter>
 
 #include <algorithm>
 
@@ -14,15 +15,52 @@ namespace ostrand::qt {
 namespace {
 
 constexpr int kLineOfGrowingText = 56; // characters
+constexpr size_t kLongestInOneLine = 40;
 constexpr double kHeadingScale = 1.25;
+constexpr int kFewestOfHeading = 8; // characters
+
+/// Whether the item's container puts its children one below the other.
+bool IsInColumn(std::span<const VTemplateItem> items, size_t item)
+{
+    size_t container = item;
+    for (size_t i = 0; i < item; ++i)
+        if (i + items[i].descendants >= item)
+            container = i; // the innermost comes last
+    return items[container].kind != VItemKind::Row && items[container].kind != VItemKind::Field;
+}
+
+/// Never makes the window wider than its page does.
+class HeadingLabel final : public QLabel {
+public:
+    using QLabel::QLabel;
+
+    QSize minimumSizeHint() const override
+    {
+        return {CharactersWidth(*this, kFewestOfHeading), QLabel::minimumSizeHint().height()};
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QStylePainter painter(this);
+        const int indent = std::max(this->indent(), 0);
+        const QRect area = QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(indent, 0, 0, 0));
+        const int leading = static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment()).toInt());
+        painter.drawItemText(area, leading, palette(), isEnabled(),
+                             fontMetrics().elidedText(text(), Qt::ElideRight, area.width()), foregroundRole());
+    }
+};
 
 class LabelWidget final : public ControlWidget {
 public:
-    LabelWidget(FormWidget& form, size_t item) : ControlWidget(form, item), m_item(item), m_label(new QLabel(&form))
+    LabelWidget(FormWidget& form, size_t item)
+        : ControlWidget(form, item),
+          m_item(item),
+          m_isHeading(Model().GetId() == VPropertyTreeDialog::Heading &&
+                      dynamic_cast<const VPropertyTreeDialog*>(&form.Model()) != nullptr),
+          m_label(m_isHeading ? new HeadingLabel(&form) : new QLabel(&form))
     {
         m_label->setTextFormat(Qt::PlainText);
-        m_isHeading = Model().GetId() == VPropertyTreeDialog::Heading &&
-                      dynamic_cast<const VPropertyTreeDialog*>(&form.Model()) != nullptr;
     }
 
     QWidget* Widget() const override { return m_label; }
@@ -60,12 +98,19 @@ private:
             DrawHeading();
         const QFontMetrics metrics = m_label->fontMetrics();
         int width = metrics.horizontalAdvance(ToQt(WithoutMark(Model().GetWidestText())));
-        m_label->setWordWrap(Model().GrowsWithText());
+        m_label->setWordWrap(Model().GrowsWithText() || BreaksLines());
         if (Model().GrowsWithText()) {
             const int line = metrics.size(0, m_label->text()).width();
-            width = std::max(width, std::min(line, CharactersWidth(*m_label, kLineOfGrowingText)));
+            const int most = m_label->screen()->availableSize().width() * 3 / 4;
+            width = std::max(width, std::min({line, most, CharactersWidth(*m_label, kLineOfGrowingText)}));
         }
         m_label->setMinimumWidth(width);
+    }
+    /// A long text may take several lines, where the template leaves it the whole width.
+    bool BreaksLines() const
+    {
+        const std::span<const VTemplateItem> items = Form().Model().GetTemplate().Items();
+        return !m_isHeading && IsInColumn(items, m_item) && Model().GetText().GetLength() > kLongestInOneLine;
     }
     const ControlWidget* NextControl() const
     {
@@ -76,8 +121,8 @@ private:
     }
 
     const size_t m_item;
+    const bool m_isHeading; // of the page that a tree has chosen
     QLabel* const m_label;
-    bool m_isHeading;
 };
 
 class IconWidget final : public ControlWidget {

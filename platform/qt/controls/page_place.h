@@ -4,18 +4,18 @@
 
 #include "platform/qt/control_widget.h"
 
-#include <QScrollArea>
-
 #include <map>
 
 namespace ostrand::qt {
+
+class PageArea;
 
 class PagePlace final : public ControlWidget {
 public:
     PagePlace(FormWidget& form, size_t item);
     ~PagePlace() override;
 
-    QWidget* Widget() const override { return m_area; }
+    QWidget* Widget() const override;
     /// Pages that have left the dialog lose their widgets; they may be about to die.
     void TreeChanged() override;
 
@@ -24,7 +24,7 @@ protected:
     void Draw(VChange change) override;
 
 private:
-    QScrollArea* const m_area;
+    PageArea* const m_area;
     std::map<const VForm*, std::unique_ptr<FormWidget>> m_pages;
 };
 

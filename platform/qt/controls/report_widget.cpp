@@ -1,7 +1,6 @@
-#include "dialogs/kit/property_tree.h"
+#include "dialogs/kit/report_control.h"
 #include "platform/qt/controls/makers.h"
 #include "platform/qt/form_widget.h"
-#include "platform/qt/hit_rows.h"
 #include "platform/qt/metrics.h"
 #include "platform/qt/roomy_rows.h"
 #include "platform/qt/text.h"
@@ -111,10 +110,7 @@ public:
           m_rows(new Rows(ModelAs<VReportControl>(), form, m_view))
     {
         m_view->setModel(m_rows);
-        if (dynamic_cast<const VPropertyTreeDialog*>(&form.Model()))
-            m_view->setItemDelegate(new HitRows(m_view));
-        else
-            m_view->setItemDelegate(new RoomyRows(m_view));
+        m_view->setItemDelegate(new RoomyRows(m_view));
         m_view->setRootIsDecorated(false);
         m_view->setUniformRowHeights(true);
         m_view->setAllColumnsShowFocus(true);

@@ -223,7 +223,7 @@ void VPropertyTreeDialog::TellTree()
 
 // The active page
 
-bool VPropertyTreeDialog::LeaveActive() { return !m_active || m_active->OnKillActive(); }
+bool VPropertyTreeDialog::LeaveActive() { return !m_active || !m_active->IsCreated() || m_active->OnKillActive(); }
 
 bool VPropertyTreeDialog::SelectPage(VPropertyTreePage& page)
 {
@@ -246,16 +246,25 @@ void VPropertyTreeDialog::Activate(VPropertyTreePage* page)
     if (before && before->InternalGetParentDialog() == this)
         before->SetParentForm(this);
     Control(Heading).SetText(page ? page->GetHeading() : VUnicodeString());
-    if (page && !page->m_isCreated) {
-        page->m_isCreated = true;
-        page->OnInitDialog();
-    }
-    if (page)
-        page->OnSetActive();
     if (GetView())
         GetView()->ActivePageChanged();
+    if (page)
+        BringToFront(*page);
     if (!GetFocusTarget().form)
         SetFocus(PageTree);
+}
+
+/// A page that throws while it is initialised doesn't count as created: its controls show nothing that could be saved.
+void VPropertyTreeDialog::BringToFront(VPropertyTreePage& page)
+{
+    try {
+        if (!std::exchange(page.m_isCreated, true))
+            page.OnInitDialog();
+    } catch (...) {
+        page.m_isCreated = false;
+        throw;
+    }
+    page.OnSetActive();
 }
 
 // Life
@@ -330,10 +339,10 @@ void VPropertyTreeDialog::OnOK()
 
 void VPropertyTreeDialog::OnCancel()
 {
+    EndDialog(kResultCancel); // whatever a page throws
     for (VPropertyTreePage* const page : AllPages())
         if (page->IsCreated())
             page->OnCancel();
-    EndDialog(kResultCancel);
 }
 
 void VPropertyTreeDialog::OnHelp() { Services().ShowHelp(m_active ? m_active->GetStateMapName() : VUnicodeString()); }

@@ -90,6 +90,7 @@ private:
     void ChangeTree(const std::function<void()>& change);
     void ReplaceLostActive();
     void Activate(VPropertyTreePage* page);
+    static void BringToFront(VPropertyTreePage& page);
     bool LeaveActive();
     bool AcceptPages();
     std::vector<VPropertyTreePage*> AllPages() const;

@@ -24,6 +24,7 @@ std::optional<Arguments> ParseArguments(int argc, char** argv, int& code)
     session->add_option("--page", arguments.page, "Begin with this page, such as 'Connection > Logon Actions'");
     session->add_option("--screenshot", arguments.screenshot,
                         "Save a picture of the dialog, and end; into a folder, one of each page");
+    session->add_option("--search", arguments.search, "Words in the search, on a picture");
     line.require_subcommand(1);
     line.fallthrough();
     try {

@@ -12,6 +12,7 @@ struct Arguments {
     std::string modules;
     std::string session;
     std::string page;       ///< as its path in the tree; empty: the one that was shown last
+    std::string search;     ///< words that stand in the search of a picture
     std::string screenshot; ///< a picture's file, or a folder for pictures of all pages; empty: the dialog runs
     double scale = 1;
     bool isDark = false;

@@ -1,6 +1,7 @@
 #include "examples/host/photographs.h"
 
 #include "core/fold.h"
+#include "dialogs/kit/user_input.h"
 #include "examples/host/text.h"
 
 #include <QApplication>
@@ -69,6 +70,8 @@ int Photograph(GlobalConfig& global, SessionConfig& session, const SessionOption
     SessionOptionsDialog dialog(global, session, setup);
     bool isSaved = false;
     dialog.PostToSelf([&] {
+        if (!arguments.search.empty())
+            VUserInput(dialog).Type(SessionOptionsDialog::SearchText, Text(arguments.search));
         isSaved = folder.exists() ? SaveAll(dialog, folder) : SaveOne(dialog, arguments);
         dialog.EndDialog(kResultCancel);
     });

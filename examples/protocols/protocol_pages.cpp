@@ -16,10 +16,12 @@ VTemplateItem Item(VItemKind kind, VControlId id, const char16_t* text, size_t d
     return item;
 }
 
-void AddField(std::vector<VTemplateItem>& items, const char16_t* label, VControlId id)
+void AddField(std::vector<VTemplateItem>& items, const char16_t* label, VControlId id, bool isNumber = false)
 {
     items.push_back(Item(VItemKind::Field, 0, label, 1));
     items.push_back(Item(VItemKind::Edit, id, nullptr));
+    if (!isNumber)
+        items.back().flags = static_cast<uint16_t>(VItemFlag::Grow);
 }
 
 } // namespace
@@ -38,7 +40,7 @@ std::vector<VTemplateItem> MakePageItems(const char16_t* title, bool hasHost, VS
         else if (entry.type == VValueClass::Bool)
             items.push_back(Item(VItemKind::Check, id++, entry.name));
         else
-            AddField(items, entry.name, id++);
+            AddField(items, entry.name, id++, entry.type == VValueClass::Int);
     items.front().descendants = static_cast<uint16_t>(items.size() - 1);
     return items;
 }

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace ostrand::test {
 namespace {
 
@@ -28,9 +30,9 @@ public:
           m_log(log)
     {
     }
-    bool OnInitDialog() override { return Note(u"init"), VPropertyTreePage::OnInitDialog(); }
+    bool OnInitDialog() override { return Note(u"init"), ThrowIfAsked(), VPropertyTreePage::OnInitDialog(); }
     void OnOK() override { Note(u"ok"); }
-    void OnCancel() override { Note(u"cancel"); }
+    void OnCancel() override { Note(u"cancel"), ThrowIfAsked(); }
     void OnSetActive() override { Note(u"active"); }
     bool OnKillActive() override { return Note(u"kill"), mayLeave; }
     void OnShow(bool isShown) override { Note(isShown ? u"show" : u"hide"); }
@@ -40,8 +42,14 @@ public:
     void Forward(VControlId id, VEventKind event, std::function<void()> handler) { On({id}, event, handler); }
 
     bool mayLeave = true;
+    bool throws = false;
 
 private:
+    void ThrowIfAsked() const
+    {
+        if (throws)
+            throw std::runtime_error("a page of a module");
+    }
     void Note(const char16_t* what) { m_log += std::u16string(what) + u":" + m_name + u" "; }
 
     const std::u16string m_name;
@@ -197,6 +205,25 @@ TEST_F(Tree, StatesOutliveTheDialog)
     dialog->Close();
 }
 
+TEST_F(Tree, APageThatThrowsHoldsNothingUp)
+{
+    const auto dialog = MakeDialog();
+    dialog->Open();
+    c.throws = true;
+    EXPECT_THROW(dialog->SelectPage(c), std::runtime_error);
+    EXPECT_EQ(dialog->GetActivePage(), &c);
+    Take();
+    EXPECT_TRUE(dialog->SelectPage(a));
+    EXPECT_EQ(Take(), u"active:a ") << "what was never shown isn't saved";
+    c.throws = false;
+    EXPECT_TRUE(dialog->SelectPage(c));
+    EXPECT_EQ(Take(), u"kill:a init:c active:c ") << "and gets another chance";
+    c.throws = true;
+    EXPECT_THROW(VUserInput(*dialog).Click(D::Cancel), std::runtime_error);
+    EXPECT_FALSE(dialog->IsRunning());
+    EXPECT_EQ(dialog->Close(), kResultCancel);
+}
+
 TEST_F(Tree, StatesOutliveTheProgramAsTexts)
 {
     states.SetBranches(u"0010100");
@@ -216,13 +243,13 @@ TEST_F(Tree, StatesOutliveTheProgramAsTexts)
     EXPECT_EQ(states.GetSelected(), u"a");
 
     VPropertyPageStateMap next;
-    next.SetBranches(u"0");
+    next.SetBranches(u"01");
     next.Select(u"c");
     std::swap(states, next);
     dialog = MakeDialog();
     dialog->Open();
     EXPECT_FALSE(a.IsExpanded());
-    EXPECT_TRUE(b.IsExpanded()) << "no digit: open";
+    EXPECT_TRUE(b.IsExpanded());
     EXPECT_EQ(dialog->GetActivePage(), &c);
     dialog->Close();
     EXPECT_EQ(states.GetBranches(), u"011");

@@ -95,6 +95,12 @@ VUnicodeString GetExeFolder()
     return GetParentFolder(path);
 }
 
+bool HasProgramBeside(std::u16string_view name)
+{
+    const VUnicodeString path = JoinPath(GetExeFolder(), name);
+    return LookUp(path) == kErrorSuccess || LookUp(path + u".exe") == kErrorSuccess;
+}
+
 VUnicodeString FindExistingFolder(std::u16string_view path)
 {
     for (VUnicodeString at = path; !at.IsEmpty(); at = GetParentFolder(at)) {

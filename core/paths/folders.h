@@ -9,6 +9,9 @@ namespace ostrand {
 /// Of the running executable.
 OSTRAND_API VUnicodeString GetExeFolder();
 
+/// Whether the folder of the running executable has this program, with or without ".exe" behind its name.
+OSTRAND_API bool HasProgramBeside(std::u16string_view name);
+
 /// The path itself if it exists, else the nearest folder above it that does; empty when none does.
 OSTRAND_API VUnicodeString FindExistingFolder(std::u16string_view path);
 

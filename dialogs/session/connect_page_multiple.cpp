@@ -15,7 +15,7 @@ using namespace layout;
 constexpr auto kPage = Page(u"Connection\nConnection",
     NameField(),
     Group(u"Protocol",
-        Field(u"&Terminal:", DropList(Protocol, Also{u"connection type method ssh telnet serial"})),
+        Field(u"&Terminal:", DropList(Protocol, Also{u"connection protocol type method ssh telnet serial"})),
         Field(u"&File Transfer:", DropList(FileTransfer, Also{u"connection type method sftp ftp"}))),
     DescriptionGroup());
 // clang-format on

@@ -10,6 +10,7 @@
 #include "dialogs/session/connect_page_single.h"
 #include "dialogs/session/log_file_page.h"
 #include "dialogs/session/logon_scripts_page.h"
+#include "dialogs/session/terminal_page.h"
 
 #include <utility>
 
@@ -71,6 +72,7 @@ VPropertyTreePage* SessionOptionsDialogBase::AddAllPages()
     const Line lines[] = {
         {{connect}},
         {{m_logonScriptsPage, connect}, Side::Terminal},
+        {{Own<SessionTerminalPage>(session), nullptr, hasTerminal}, Side::Terminal},
         {{Own<SessionLogFilePage>(session), nullptr, hasTerminal}, Side::Terminal},
     };
     for (const Line& line : lines) {

@@ -29,6 +29,7 @@ public:
     FakeConnect(const FakeConnect&) = default;
 
     ConnectConfig* Clone(ICommonConfig*) const override { return new FakeConnect(*this); }
+    bool SupportsNoOp() const override { return true; }
     int IsConnectable(IReportMessageParams*) override { return host.IsEmpty() ? 0 : 1; }
     void GetHostName(IString* out) const override { out->Set(host.c_str(), false); }
     void GetTransferStatusText(IString* out) const override

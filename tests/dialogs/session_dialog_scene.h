@@ -9,6 +9,7 @@
 #include "dialogs/session/log_file_page.h"
 #include "dialogs/session/logon_scripts_page.h"
 #include "dialogs/session/session_options_dialog.h"
+#include "dialogs/session/terminal_page.h"
 #include "tests/config/session_scene.h"
 #include "tests/support/page_driver.h"
 #include "tests/support/recording_router.h"

@@ -23,13 +23,16 @@ TEST_F(SessionOptions, TheTreeFollowsApplicationsAndProtocols)
         const char16_t *terminal, *transfer;
         const char *tree, *log;
     } kRows[] = {
-        {true, true, u"SSH2", u"SFTP", "Connection | Connection > Logon Actions | Connection > Protocol | Log File",
+        {true, true, u"SSH2", u"SFTP",
+         "Connection | Connection > Logon Actions | Connection > Protocol | Terminal | Log File",
          "make SSH2, show SSH2, "},
         {true, true, u"ssh2", u"FTP",
-         "Connection | Connection > Logon Actions | Connection > Protocol | Connection > Protocol | Log File",
+         "Connection | Connection > Logon Actions | Connection > Protocol | Connection > Protocol | Terminal | Log "
+         "File",
          "make SSH2, show SSH2, make FTP, show FTP, "},
         {true, true, u"None", u"SFTP", "Connection | Connection > Protocol", "make SFTP, show SFTP, "},
-        {true, false, u"SSH2", u"None", "Connection | Connection > Logon Actions | Connection > Protocol | Log File",
+        {true, false, u"SSH2", u"None",
+         "Connection | Connection > Logon Actions | Connection > Protocol | Terminal | Log File",
          "make SSH2, show SSH2, "},
         {false, true, u"TAPI", u"FTP", "Connection | Connection > Logon Actions | Connection > Protocol",
          "make FTP, show FTP, "},

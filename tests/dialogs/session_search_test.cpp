@@ -9,8 +9,9 @@ namespace {
 using C = SessionConnectPage;
 using A = SessionLogonScriptsPage;
 using L = SessionLogFilePage;
+using T = SessionTerminalPage;
 
-enum Where { Connection, LogonActions, LogFile };
+enum Where { Connection, LogonActions, LogFile, Terminal };
 
 struct Setting {
     Where page;
@@ -43,6 +44,12 @@ const Setting kSettings[] = {
     {LogFile, L::OnDisconnect, {u"upon disconnect", u"disconect log"}, {}},
     {LogFile, L::OnEachLine, {u"each line", u"timestamp", u"Custom Log Message Each Line"}, {}},
     {LogFile, L::OnlyCustom, {u"only custom"}, {}},
+    {Terminal, T::AudioBell, {u"beep", u"audio bell"}, {}},
+    {Terminal, T::AutoReconnect, {u"reconnect", u"connect again"}, {}},
+    {Terminal, T::SendString, {u"keep alive"}, {}},
+    {Terminal, T::SendNoOp, {u"no-op"}, {}},
+    {Terminal, T::MinimizeToTray, {u"system tray", u"minimise"}, {}},
+    {Terminal, T::SetDelimiters, {u"word delimiters"}, {}},
 };
 
 class SessionSearch : public SessionDialogScene {};
@@ -52,7 +59,8 @@ TEST_F(SessionSearch, FindsWhatIsLookedFor)
     const auto session = Session();
     const auto dialog = Dialog(*session);
     dialog->Open();
-    VPropertyTreePage* const pages[] = {&PageOf<C>(*dialog), &PageOf<A>(*dialog), &PageOf<L>(*dialog)};
+    VPropertyTreePage* const pages[] = {&PageOf<C>(*dialog), &PageOf<A>(*dialog), &PageOf<L>(*dialog),
+                                        &PageOf<T>(*dialog)};
     const auto expect = [&](const Setting& setting, const char16_t* words, size_t places) {
         const std::vector<VSearchHit> hits = dialog->Search(words);
         const auto end = hits.begin() + static_cast<std::ptrdiff_t>(std::min(places, hits.size()));

@@ -10,6 +10,7 @@ namespace {
 using C = SessionConnectPage;
 using A = SessionLogonScriptsPage;
 using L = SessionLogFilePage;
+using T = SessionTerminalPage;
 using D = VPropertyTreeDialog;
 using testing::AnyOf;
 using testing::Each;
@@ -31,6 +32,8 @@ protected:
         FormDriver user(page);
         if (const auto* const radio = dynamic_cast<VRadioControl*>(page.Find(id)))
             user.Choose(id, radio->GetIndex() == 0 ? 1 : 0);
+        else if (page.Control(id).GetItem().Has(VItemFlag::DigitsOnly))
+            user.Type(id, u"12345");
         else if (const auto* const edit = dynamic_cast<VEditControl*>(page.Find(id)))
             user.Type(id, std::u16string(edit->GetMaxChars() > 0 ? edit->GetMaxChars() : 100000, u'x'));
         else
@@ -56,6 +59,23 @@ TEST_F(SessionValuePages, EachControlReachesItsOwnValue)
         {u"Logon Actions", A::SendReturn, u"Send Initial Carriage Return"},
         {u"Logon Actions", A::UseScript, u"Use Script File"},
         {u"Logon Actions", A::ScriptFile, u"Script Filename"},
+        {u"Terminal", T::AudioBell, u"Audio Bell"},
+        {u"Terminal", T::VisualBell, u"Visual Bell"},
+        {u"Terminal", T::CloseOnDisconnect, u"Close On Disconnect"},
+        {u"Terminal", T::ClearOnDisconnect, u"Clear On Disconnect"},
+        {u"Terminal", T::AutoReconnect, u"Auto Reconnect"},
+        {u"Terminal", T::JumpScroll, u"Jump Scroll"},
+        {u"Terminal", T::ScrollToClear, u"Scroll To Clear"},
+        {u"Terminal", T::ScrollOnOutput, u"Scroll To Bottom On Output"},
+        {u"Terminal", T::ScrollOnKeypress, u"Scroll To Bottom On Keypress"},
+        {u"Terminal", T::MinimizeToTray, u"Minimize To Tray"},
+        {u"Terminal", T::SendString, u"Idle Check"},
+        {u"Terminal", T::IdleString, u"Idle String"},
+        {u"Terminal", T::StringSeconds, u"Idle Timeout"},
+        {u"Terminal", T::SendNoOp, u"Idle NO-OP Check"},
+        {u"Terminal", T::NoOpSeconds, u"Idle NO-OP Timeout"},
+        {u"Terminal", T::SetDelimiters, u"Use Word Delimiter Chars"},
+        {u"Terminal", T::Delimiters, u"Word Delimiter Chars"},
         {u"Log File", L::FileName, u"Log Filename"},
         {u"Log File", L::Prompt, u"Log Prompt"},
         {u"Log File", L::StartOnConnect, u"Start Log Upon Connect"},
@@ -70,6 +90,10 @@ TEST_F(SessionValuePages, EachControlReachesItsOwnValue)
     const auto session = Session();
     session->useLoginScript = true;
     session->useScriptFile = true;
+    session->idleCheck = true;
+    session->idleString = u"x";
+    session->idleNoOpCheck = true;
+    session->useWordDelimiterChars = true;
     session->logFilename = u"%D.log";
     session->customLogMessageEachLine = u"%h";
     session->WriteLogonActions(OneAction());
@@ -128,7 +152,8 @@ TEST_F(SessionValuePages, DamagedSessionsLoseNothing)
         ASSERT_TRUE(session);
         const auto* const text = std::get_if<VUnicodeString>(&damage);
         EXPECT_EQ(session->logFilename.Value().GetLength(), text ? text->GetLength() : 0);
-        session->newLogFileAtMidnight = false; // which would hold its page
+        session->newLogFileAtMidnight = false; // which would hold its page, as the next one would
+        session->idleCheck = false;
         session->AcceptChanges();
         SessionOptionsDialogBase::PageStates().RemoveAll();  // begins on the first page
         SessionOptionsDialog dialog(Global(), *session, {}); // whose messages nobody sees

@@ -69,11 +69,12 @@ VPropertyTreePage* SessionOptionsDialogBase::AddAllPages()
             ? static_cast<VPropertyTreePage*>(Own<SessionConnectPageMultiple>(session, m_setup))
             : Own<SessionConnectPageSingle>(session, m_setup);
     m_logonScriptsPage = Own<SessionLogonScriptsPage>(session);
+    VPropertyTreePage* const terminal = Own<SessionTerminalPage>(session);
     const Line lines[] = {
         {{connect}},
         {{m_logonScriptsPage, connect}, Side::Terminal},
-        {{Own<SessionTerminalPage>(session), nullptr, hasTerminal}, Side::Terminal},
-        {{Own<SessionLogFilePage>(session), nullptr, hasTerminal}, Side::Terminal},
+        {{terminal, nullptr, hasTerminal}, Side::Terminal},
+        {{Own<SessionLogFilePage>(session), terminal}},
     };
     for (const Line& line : lines) {
         AddPages({line.tree});

@@ -1,7 +1,7 @@
 // ostrand-options: what an application does around the dialog of a session's options, from its start to the save.
 //
 //     ostrand-options session 'Routers\Core\Router 1'
-//     ostrand-options session Default --config DIR --page 'Log File' --screenshot page.png
+//     ostrand-options session Default --config DIR --page 'Terminal > Log File' --screenshot page.png
 #include "core/paths/folders.h"
 #include "examples/host/application.h"
 #include "examples/host/example_copy.h"

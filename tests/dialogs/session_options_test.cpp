@@ -24,15 +24,15 @@ TEST_F(SessionOptions, TheTreeFollowsApplicationsAndProtocols)
         const char *tree, *log;
     } kRows[] = {
         {true, true, u"SSH2", u"SFTP",
-         "Connection | Connection > Logon Actions | Connection > Protocol | Terminal | Log File",
+         "Connection | Connection > Logon Actions | Connection > Protocol | Terminal | Terminal > Log File",
          "make SSH2, show SSH2, "},
         {true, true, u"ssh2", u"FTP",
-         "Connection | Connection > Logon Actions | Connection > Protocol | Connection > Protocol | Terminal | Log "
-         "File",
+         "Connection | Connection > Logon Actions | Connection > Protocol | Connection > Protocol | Terminal | "
+         "Terminal > Log File",
          "make SSH2, show SSH2, make FTP, show FTP, "},
         {true, true, u"None", u"SFTP", "Connection | Connection > Protocol", "make SFTP, show SFTP, "},
         {true, false, u"SSH2", u"None",
-         "Connection | Connection > Logon Actions | Connection > Protocol | Terminal | Log File",
+         "Connection | Connection > Logon Actions | Connection > Protocol | Terminal | Terminal > Log File",
          "make SSH2, show SSH2, "},
         {false, true, u"TAPI", u"FTP", "Connection | Connection > Logon Actions | Connection > Protocol",
          "make FTP, show FTP, "},

@@ -65,7 +65,7 @@ TEST_F(Host, PhotographsEachPageOfAFreshExample)
     for (const fs::directory_entry& file : fs::directory_iterator(folder))
         names.insert(file.path().filename());
     for (const char* const name :
-         {"connection.png", "connection-logon-actions.png", "connection-ssh2.png", "log-file.png"})
+         {"connection.png", "connection-logon-actions.png", "connection-ssh2.png", "terminal-log-file.png"})
         EXPECT_TRUE(names.contains(name)) << name;
 }
 

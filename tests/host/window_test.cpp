@@ -103,7 +103,7 @@ TEST_F(OnScreen, AConnectionIsEditedAndSaved)
     EXPECT_EQ(saved->description.GetText(), u"Rack 9\r\nShelf 2");
     GlobalConfig* global = nullptr;
     ReloadGlobalConfig(global);
-    EXPECT_EQ(global->sessionOptionsTreeSelected, u"Log File");
+    EXPECT_EQ(global->sessionOptionsTreeSelected, u"Terminal > Log File");
 }
 
 TEST_F(OnScreen, EscapeLeavesTheStoreAsItWas)

@@ -8,6 +8,7 @@ std::optional<Arguments> ParseArguments(int argc, char** argv, int& code)
 {
     Arguments arguments;
     CLI::App line("Shows the options of a session, and saves what was changed", "ostrand-options");
+    line.fallthrough(); // for commands made from here on: options may stand behind them
     line.add_option("--config", arguments.config,
                     "The folder with the settings; without it, a fresh copy of the example");
     line.add_option("--app", arguments.app, "Which application to be")
@@ -26,7 +27,6 @@ std::optional<Arguments> ParseArguments(int argc, char** argv, int& code)
                         "Save a picture of the dialog, and end; into a folder, one of each page");
     session->add_option("--search", arguments.search, "Words in the search, on a picture");
     line.require_subcommand(1);
-    line.fallthrough();
     try {
         line.parse(argc, argv);
     } catch (const CLI::ParseError& end) {

@@ -71,9 +71,10 @@ TEST_F(Host, PhotographsEachPageOfAFreshExample)
 
 TEST_F(Host, PhotographsOnePageAtAnySize)
 {
-    const auto take = [&](const char* name, std::vector<std::string> more) {
-        more.insert(more.end(), {"session", "Backups", "--page", "connection", "--screenshot", folder / name});
-        const ToolRun run = Run(more);
+    const auto take = [&](const char* name, const std::vector<std::string>& more) {
+        std::vector<std::string> all = {"session", "Backups", "--page", "connection", "--screenshot", folder / name};
+        all.insert(all.end(), more.begin(), more.end());
+        const ToolRun run = Run(all);
         EXPECT_EQ(run.code, 0) << run.err;
         return SizeOfPicture(folder / name);
     };

@@ -95,10 +95,17 @@ VUnicodeString GetExeFolder()
     return GetParentFolder(path);
 }
 
+bool IsFile(std::u16string_view path)
+{
+    std::string native;
+    VFileInfo info;
+    return ToNativePath(path, native) && Platform().files->GetInfo(native, info) == kErrorSuccess && !info.isFolder;
+}
+
 bool HasProgramBeside(std::u16string_view name)
 {
     const VUnicodeString path = JoinPath(GetExeFolder(), name);
-    return LookUp(path) == kErrorSuccess || LookUp(path + u".exe") == kErrorSuccess;
+    return IsFile(path) || IsFile(path + u".exe");
 }
 
 VUnicodeString FindExistingFolder(std::u16string_view path)

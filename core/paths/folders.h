@@ -9,6 +9,8 @@ namespace ostrand {
 /// Of the running executable.
 OSTRAND_API VUnicodeString GetExeFolder();
 
+/// Whether a file, not a folder, has this path.
+OSTRAND_API bool IsFile(std::u16string_view path);
 /// Whether the folder of the running executable has this program, with or without ".exe" behind its name.
 OSTRAND_API bool HasProgramBeside(std::u16string_view name);
 

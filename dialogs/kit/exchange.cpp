@@ -205,9 +205,10 @@ void DDX_Value(VDataExchange& dx, VControlId control, bool& value)
 {
     if (dx.Form().Control(control).GetKind() == VItemKind::Check)
         return DDX_Check(dx, control, value);
-    int index = value ? 1 : 0;
+    const bool isYesFirst = dx.Form().Control(control).GetItem().Has(VItemFlag::YesFirst);
+    int index = value == isYesFirst ? 0 : 1;
     DDX_Radio(dx, control, index);
-    value = index != 0;
+    value = (index == 0) == isYesFirst;
 }
 
 void DDX_Value(VDataExchange& dx, VControlId control, VTriState& value) { DDX_Check(dx, control, value); }

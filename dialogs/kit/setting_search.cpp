@@ -24,10 +24,17 @@ std::vector<std::u16string> WordsOf(std::u16string_view text)
     return words;
 }
 
+/// A text that is nothing but the word, such as a group's caption, says more than a long label that has it, too.
+int Fit(std::u16string_view word, const VFoldedText& text)
+{
+    constexpr int kAlone = 3;
+    const int match = MatchWord(word, text);
+    return text.CountWords() == 1 && text.Word(0) == word ? kAlone * match : match;
+}
+
 } // namespace
 
-/// 0 unless every word fits somewhere, one of them in a text of the control's own. A text that is nothing but the word,
-/// such as a group's caption, says more than a long label that has it, too.
+/// 0 unless every word fits somewhere, one of them in a text of the control's own.
 int VSettingSearch::Score(const std::vector<std::u16string>& words, const std::vector<Text>& texts)
 {
     int score = 0;
@@ -35,8 +42,7 @@ int VSettingSearch::Score(const std::vector<std::u16string>& words, const std::v
     for (const std::u16string& word : words) {
         int best = 0;
         for (const Text& text : texts)
-            if (const int match = text.weight * MatchWord(word, text.text) * (text.text.CountWords() == 1 ? 3 : 1);
-                match > 0) {
+            if (const int match = text.weight * Fit(word, text.text); match > 0) {
                 best = std::max(best, match);
                 anyOwn = anyOwn || text.isOwn;
             }

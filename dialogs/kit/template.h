@@ -62,7 +62,8 @@ enum class VItemFlag : uint16_t {
     NoHeadings = 1 << 7, ///< a report hides its column headings
     Default = 1 << 8,    ///< the button that Return presses
     Disabled = 1 << 9,   ///< at first
-    Hidden = 1 << 10     ///< at first
+    Hidden = 1 << 10,    ///< at first
+    YesFirst = 1 << 11   ///< of a radio group's two options the first is "yes"
 };
 
 struct VTemplateItem {
@@ -112,7 +113,8 @@ namespace layout {
 inline constexpr VItemFlag Grow = VItemFlag::Grow, Masked = VItemFlag::Masked, DigitsOnly = VItemFlag::DigitsOnly,
                            ReadOnly = VItemFlag::ReadOnly, Sorted = VItemFlag::Sorted,
                            MultiSelect = VItemFlag::MultiSelect, NoHeadings = VItemFlag::NoHeadings,
-                           Default = VItemFlag::Default, Disabled = VItemFlag::Disabled, Hidden = VItemFlag::Hidden;
+                           Default = VItemFlag::Default, Disabled = VItemFlag::Disabled, Hidden = VItemFlag::Hidden,
+                           YesFirst = VItemFlag::YesFirst;
 struct MaxChars {
     uint16_t count;
 };

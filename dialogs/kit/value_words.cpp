@@ -11,7 +11,7 @@ namespace ostrand {
 VUnicodeString ValueWords(const VControl& control, bool value)
 {
     if (control.GetKind() == VItemKind::Radio)
-        return ValueWords(control, value ? 1 : 0);
+        return ValueWords(control, value == control.GetItem().Has(VItemFlag::YesFirst) ? 0 : 1);
     return Translate(value ? u"on" : u"off");
 }
 

@@ -8,6 +8,9 @@
 #include "dialogs/message/optional_message_box.h"
 #include "dialogs/session/connect_page_multiple.h"
 #include "dialogs/session/connect_page_single.h"
+#include "dialogs/session/emacs_page.h"
+#include "dialogs/session/emulation_modes_page.h"
+#include "dialogs/session/emulation_page.h"
 #include "dialogs/session/log_file_page.h"
 #include "dialogs/session/logon_scripts_page.h"
 #include "dialogs/session/terminal_page.h"
@@ -70,10 +73,15 @@ VPropertyTreePage* SessionOptionsDialogBase::AddAllPages()
             : Own<SessionConnectPageSingle>(session, m_setup);
     m_logonScriptsPage = Own<SessionLogonScriptsPage>(session);
     VPropertyTreePage* const terminal = Own<SessionTerminalPage>(session);
+    VPropertyTreePage* const emulation =
+        Own<SessionEmulationPage>(session, m_setup.maxColumns, m_global.maxScrollbackBufferSize);
     const Line lines[] = {
         {{connect}},
         {{m_logonScriptsPage, connect}, Side::Terminal},
         {{terminal, nullptr, hasTerminal}, Side::Terminal},
+        {{emulation, terminal}},
+        {{Own<SessionEmulationModesPage>(session.terminal, m_setup.editCurrentModes), emulation}},
+        {{Own<SessionEmacsPage>(session.terminal), emulation}},
         {{Own<SessionLogFilePage>(session), terminal}},
     };
     for (const Line& line : lines) {

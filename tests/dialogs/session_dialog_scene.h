@@ -6,6 +6,9 @@
 #include "config/session/session_edit.h"
 #include "dialogs/session/connect_page_multiple.h"
 #include "dialogs/session/connect_page_single.h"
+#include "dialogs/session/emacs_page.h"
+#include "dialogs/session/emulation_modes_page.h"
+#include "dialogs/session/emulation_page.h"
 #include "dialogs/session/log_file_page.h"
 #include "dialogs/session/logon_scripts_page.h"
 #include "dialogs/session/session_options_dialog.h"
@@ -68,7 +71,8 @@ protected:
         session->AcceptChanges();
         return session;
     }
-    std::unique_ptr<SessionOptionsDialog> Dialog(SessionConfig& session, const SessionOptionsSetup& setup = {})
+    std::unique_ptr<SessionOptionsDialog> Dialog(SessionConfig& session,
+                                                 const SessionOptionsSetup& setup = {.maxColumns = 1024})
     {
         return std::make_unique<SessionOptionsDialog>(Global(), session, setup, services);
     }

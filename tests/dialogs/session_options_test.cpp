@@ -18,24 +18,21 @@ class SessionOptions : public SessionDialogScene {};
 
 TEST_F(SessionOptions, TheTreeFollowsApplicationsAndProtocols)
 {
+    const std::string head = "Connection | Connection > Logon Actions | Connection > Protocol";
+    const std::string terminal = " | Terminal | Terminal > Emulation | Terminal > Emulation > Modes | "
+                                 "Terminal > Emulation > Emacs | Terminal > Log File";
     const struct {
         bool hasTerminal, hasTransfer;
         const char16_t *terminal, *transfer;
-        const char *tree, *log;
+        std::string tree;
+        const char* log;
     } kRows[] = {
-        {true, true, u"SSH2", u"SFTP",
-         "Connection | Connection > Logon Actions | Connection > Protocol | Terminal | Terminal > Log File",
-         "make SSH2, show SSH2, "},
-        {true, true, u"ssh2", u"FTP",
-         "Connection | Connection > Logon Actions | Connection > Protocol | Connection > Protocol | Terminal | "
-         "Terminal > Log File",
+        {true, true, u"SSH2", u"SFTP", head + terminal, "make SSH2, show SSH2, "},
+        {true, true, u"ssh2", u"FTP", head + " | Connection > Protocol" + terminal,
          "make SSH2, show SSH2, make FTP, show FTP, "},
         {true, true, u"None", u"SFTP", "Connection | Connection > Protocol", "make SFTP, show SFTP, "},
-        {true, false, u"SSH2", u"None",
-         "Connection | Connection > Logon Actions | Connection > Protocol | Terminal | Terminal > Log File",
-         "make SSH2, show SSH2, "},
-        {false, true, u"TAPI", u"FTP", "Connection | Connection > Logon Actions | Connection > Protocol",
-         "make FTP, show FTP, "},
+        {true, false, u"SSH2", u"None", head + terminal, "make SSH2, show SSH2, "},
+        {false, true, u"TAPI", u"FTP", head, "make FTP, show FTP, "},
         {true, true, u"Gone", u"Gone too", "Connection", ""},
     };
     for (const auto& row : kRows) {

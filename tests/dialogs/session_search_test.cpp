@@ -10,8 +10,9 @@ using C = SessionConnectPage;
 using A = SessionLogonScriptsPage;
 using L = SessionLogFilePage;
 using T = SessionTerminalPage;
+using E = SessionEmulationPage;
 
-enum Where { Connection, LogonActions, LogFile, Terminal };
+enum Where { Connection, LogonActions, LogFile, Terminal, Emulation };
 
 struct Setting {
     Where page;
@@ -23,7 +24,7 @@ struct Setting {
 /// Labels, words that users have for them, names of values; with slips, in other order, half typed.
 const Setting kSettings[] = {
     {Connection, C::Name, {u"name", u"rename"}, {}},
-    {Connection, C::Protocol, {u"terminal", u"ssh", u"telnet"}, {u"protocol", u"protcol"}},
+    {Connection, C::Protocol, {u"terminal", u"ssh", u"telnet", u"protcol type"}, {u"protocol"}},
     {Connection, C::FileTransfer, {u"file transfer", u"sftp"}, {}},
     {Connection, C::Description, {u"description", u"comment", u"notes", u"desciption"}, {}},
     {LogonActions,
@@ -50,6 +51,9 @@ const Setting kSettings[] = {
     {Terminal, T::SendNoOp, {u"no-op"}, {}},
     {Terminal, T::MinimizeToTray, {u"system tray", u"minimise"}, {}},
     {Terminal, T::SetDelimiters, {u"word delimiters"}, {}},
+    {Emulation, E::Terminal, {u"vt100", u"xterm"}, {}},
+    {Emulation, E::Columns, {u"columns", u"width"}, {}},
+    {Emulation, E::Scrollback, {u"scrollback", u"history lines"}, {}},
 };
 
 class SessionSearch : public SessionDialogScene {};
@@ -60,7 +64,7 @@ TEST_F(SessionSearch, FindsWhatIsLookedFor)
     const auto dialog = Dialog(*session);
     dialog->Open();
     VPropertyTreePage* const pages[] = {&PageOf<C>(*dialog), &PageOf<A>(*dialog), &PageOf<L>(*dialog),
-                                        &PageOf<T>(*dialog)};
+                                        &PageOf<T>(*dialog), &PageOf<E>(*dialog)};
     const auto expect = [&](const Setting& setting, const char16_t* words, size_t places) {
         const std::vector<VSearchHit> hits = dialog->Search(words);
         const auto end = hits.begin() + static_cast<std::ptrdiff_t>(std::min(places, hits.size()));

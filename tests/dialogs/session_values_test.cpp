@@ -10,7 +10,10 @@ namespace {
 using C = SessionConnectPage;
 using A = SessionLogonScriptsPage;
 using L = SessionLogFilePage;
+using E = SessionEmulationPage;
+using M = SessionEmulationModesPage;
 using T = SessionTerminalPage;
+using X = SessionEmacsPage;
 using D = VPropertyTreeDialog;
 using testing::AnyOf;
 using testing::Each;
@@ -32,8 +35,10 @@ protected:
         FormDriver user(page);
         if (const auto* const radio = dynamic_cast<VRadioControl*>(page.Find(id)))
             user.Choose(id, radio->GetIndex() == 0 ? 1 : 0);
+        else if (const auto* const list = dynamic_cast<VListControl*>(page.Find(id)))
+            user.Choose(id, list->GetSelection() + 1);
         else if (page.Control(id).GetItem().Has(VItemFlag::DigitsOnly))
-            user.Type(id, u"12345");
+            user.Type(id, u"123");
         else if (const auto* const edit = dynamic_cast<VEditControl*>(page.Find(id)))
             user.Type(id, std::u16string(edit->GetMaxChars() > 0 ? edit->GetMaxChars() : 100000, u'x'));
         else
@@ -76,6 +81,26 @@ TEST_F(SessionValuePages, EachControlReachesItsOwnValue)
         {u"Terminal", T::NoOpSeconds, u"Idle NO-OP Timeout"},
         {u"Terminal", T::SetDelimiters, u"Use Word Delimiter Chars"},
         {u"Terminal", T::Delimiters, u"Word Delimiter Chars"},
+        {u"Emulation", E::Terminal, u"Emulation"},
+        {u"Emulation", E::AnsiColor, u"ANSI Color"},
+        {u"Emulation", E::UseScheme, u"Color Scheme Overrides Ansi Color"},
+        {u"Emulation", E::OtherKeyboard, u"Use Alternate Keyboard"},
+        {u"Emulation", E::Keyboard, u"Keymap Name"},
+        {u"Emulation", E::Rows, u"Rows"},
+        {u"Emulation", E::Columns, u"Cols"},
+        {u"Emulation", E::Resize, u"Resize Mode"},
+        {u"Emulation", E::Scrollback, u"Scrollback"},
+        {u"Modes", M::CursorKeys, u"Cursor Key Mode"},
+        {u"Modes", M::LineWrap, u"Line Wrap"},
+        {u"Modes", M::NewLine, u"Newline Mode"},
+        {u"Modes", M::Keypad, u"Keypad Mode"},
+        {u"Modes", M::SwitchesColumns, u"Enable 80-132 Column Switching"},
+        {u"Modes", M::SwitchesCursorKeys, u"Enable Cursor Key Mode Switching"},
+        {u"Modes", M::SwitchesKeypad, u"Enable Keypad Mode Switching"},
+        {u"Modes", M::SwitchesLineWrap, u"Enable Line Wrap Mode Switching"},
+        {u"Emacs", X::AltIsMeta, u"Emacs Mode"},
+        {u"Emacs", X::KeepAltGr, u"Preserve Alt-Gr"},
+        {u"Emacs", X::Sends, u"Emacs Mode 8 Bit"},
         {u"Log File", L::FileName, u"Log Filename"},
         {u"Log File", L::Prompt, u"Log Prompt"},
         {u"Log File", L::StartOnConnect, u"Start Log Upon Connect"},
@@ -94,6 +119,11 @@ TEST_F(SessionValuePages, EachControlReachesItsOwnValue)
     session->idleString = u"x";
     session->idleNoOpCheck = true;
     session->useWordDelimiterChars = true;
+    session->terminal.emulation = u"ANSI"; // the next one has colours, too
+    session->terminal.ansiColor = true;
+    session->terminal.useAlternateKeyboard = true;
+    session->terminal.keymapName = u"VT100"; // as ANSI's own
+    session->terminal.emacsMode = true;
     session->logFilename = u"%D.log";
     session->customLogMessageEachLine = u"%h";
     session->WriteLogonActions(OneAction());
@@ -103,7 +133,8 @@ TEST_F(SessionValuePages, EachControlReachesItsOwnValue)
     const auto whole = Dialog(*session);
     for (const VPropertyTreePage* const page : whole->GetVisiblePages())
         bindings += page->GetBindings().size();
-    EXPECT_EQ(std::size(kControls), bindings) << "a control is missing here";
+    constexpr size_t kElsewhere = 1; // the keymap's file, which must exist
+    EXPECT_EQ(std::size(kControls) + kElsewhere, bindings) << "a control is missing here";
     for (const auto& each : kControls) {
         SCOPED_TRACE(ToUtf8(each.value));
         const auto dialog = Dialog(*session);
@@ -126,6 +157,9 @@ TEST_F(SessionValuePages, OpeningAndLeavingChangesNothing)
             *box = !box->value;
         else if (auto* const text = dynamic_cast<VProfileString*>(member))
             *text = u" %D, as it was \u20ac";
+    session->terminal.emulation = u"VT220";
+    session->terminal.keymapName = u"VT220";
+    session->terminal.useAlternateKeyboard = false;
     session->description.SetText(u"one\r\ntwo\r\n");
     session->WriteLogonActions(OneAction());
     session->AcceptChanges();
@@ -152,21 +186,25 @@ TEST_F(SessionValuePages, DamagedSessionsLoseNothing)
         ASSERT_TRUE(session);
         const auto* const text = std::get_if<VUnicodeString>(&damage);
         EXPECT_EQ(session->logFilename.Value().GetLength(), text ? text->GetLength() : 0);
-        session->newLogFileAtMidnight = false; // which would hold its page, as the next one would
+        session->newLogFileAtMidnight = false; // which would hold its page, as the next ones would
         session->idleCheck = false;
+        session->terminal.rows = 24;
+        session->terminal.cols = 80;
+        session->terminal.scrollback = 500;
         session->AcceptChanges();
-        SessionOptionsDialogBase::PageStates().RemoveAll();  // begins on the first page
-        SessionOptionsDialog dialog(Global(), *session, {}); // whose messages nobody sees
+        SessionOptionsDialogBase::PageStates().RemoveAll();                    // begins on the first page
+        SessionOptionsDialog dialog(Global(), *session, {.maxColumns = 1024}); // whose messages nobody sees
         dialog.Open();
         for (VPropertyTreePage* const page : dialog.GetVisiblePages())
             EXPECT_TRUE(dialog.SelectPage(*page));
         FormDriver(dialog).Click(D::Ok);
         dialog.Search(u"log");
         dialog.Close();
-        // Rules of the pages: an empty list begins with two actions, and blanks are no log data.
-        EXPECT_THAT(Modified(*session),
-                    Each(AnyOf(u"Login Script V2", u"Log Only Custom", u"Custom Log Message Connect",
-                               u"Custom Log Message Disconnect", u"Custom Log Message Each Line")));
+        // Rules of the pages: an empty list begins with two actions, blanks are no log data, and a terminal that isn't
+        // there becomes the first, with its keyboard.
+        EXPECT_THAT(Modified(*session), Each(AnyOf(u"Login Script V2", u"Log Only Custom",
+                                                   u"Custom Log Message Connect", u"Custom Log Message Disconnect",
+                                                   u"Custom Log Message Each Line", u"Emulation", u"Keymap Name")));
     }
 }
 

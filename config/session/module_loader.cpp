@@ -5,9 +5,9 @@
 #include "core/fold.h"
 #include "core/messages.h"
 #include "core/native_path.h"
+#include "core/paths/folders.h"
 #include "core/paths/path_text.h"
 #include "core/prompts.h"
-#include "platform/error_codes.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -38,18 +38,12 @@ const LinkedModule* FindLinkedModule(std::u16string_view path)
     return nullptr;
 }
 
-bool IsFile(const std::string& path)
-{
-    VFileInfo info;
-    return Platform().files->GetInfo(path, info) == kErrorSuccess && !info.isFolder;
-}
-
 bool LoadFile(ConnectProtocolTableElement& row, VReportMessageParams& report)
 {
     if (row.moduleHandle)
         return true;
     std::string path;
-    if (row.modulePath.IsEmpty() || !ToNativePath(row.modulePath, path) || !IsFile(path))
+    if (row.modulePath.IsEmpty() || !ToNativePath(row.modulePath, path) || !IsFile(row.modulePath))
         return Fail(report, kModuleMissing);
     const VWaitCursor wait;
     std::string reason;

@@ -7,7 +7,7 @@
 #include "config/session/protocol_list.h"
 #include "core/fold.h"
 #include "core/messages.h"
-#include "core/native_path.h"
+#include "core/paths/folders.h"
 #include "core/paths/path_text.h"
 #include "core/product.h"
 #include "platform/error_codes.h"
@@ -46,19 +46,12 @@ bool IsEnabled(const char16_t* policy)
     return ReadPolicyDword(policy, &value) && value != 0;
 }
 
-bool FileExists(const VUnicodeString& path)
-{
-    std::string native;
-    VFileInfo info;
-    return ToNativePath(path, native) && Platform().files->GetInfo(native, info) == kErrorSuccess;
-}
-
 /// Why the protocol isn't even tried.
 std::optional<VProtocolState> Refusal(std::u16string_view name, const char16_t* directory)
 {
     if (std::ranges::count(kRefusedByPolicy, name) != 0 && IsEnabled(u"Enable FIPS Mode"))
         return VProtocolState::RefusedByPolicy;
-    if (name == kNeedsMarker && !FileExists(JoinPath(directory, kMarkerFile)))
+    if (name == kNeedsMarker && !IsFile(JoinPath(directory, kMarkerFile)))
         return VProtocolState::NotEnabled;
     return std::nullopt;
 }

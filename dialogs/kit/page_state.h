@@ -17,7 +17,10 @@ struct VPropertyPageState {
 class OSTRAND_API VPropertyPageStateMap : public VMap<VUnicodeString, VPropertyPageState*> {
 public:
     VPropertyPageStateMap() = default;
-    VPropertyPageStateMap(const VPropertyPageStateMap& other) : VMap(other) { OwnStates(); }
+    VPropertyPageStateMap(const VPropertyPageStateMap& other) : VMap(other), m_branches(other.m_branches)
+    {
+        OwnStates();
+    }
     VPropertyPageStateMap& operator=(const VPropertyPageStateMap& other);
     ~VPropertyPageStateMap() { RemoveAll(); }
 

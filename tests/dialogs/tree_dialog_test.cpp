@@ -242,6 +242,10 @@ TEST_F(Tree, StatesOutliveTheProgramAsTexts)
     EXPECT_EQ(states.GetBranches(), u"1010100") << "digits of pages that this tree lacks stay";
     EXPECT_EQ(states.GetSelected(), u"a");
 
+    const VPropertyPageStateMap copy(states);
+    EXPECT_EQ(copy.GetBranches(), u"1010100");
+    EXPECT_EQ(copy.GetSelected(), u"a");
+
     VPropertyPageStateMap next;
     next.SetBranches(u"01");
     next.Select(u"c");
